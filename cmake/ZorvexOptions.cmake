@@ -1,0 +1,23 @@
+# Flags shared by every target of the project; none of them is exported to users of the library.
+add_library(zorvex_options INTERFACE)
+target_compile_options(zorvex_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast
+  -Wnon-virtual-dtor -Wcast-qual -Wformat=2 -Wimplicit-fallthrough -Wnull-dereference)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  # g++ 12 sees null dereferences and overreads inside inlined standard containers at -O2 where there are none.
+  target_compile_options(zorvex_options INTERFACE
+    -Wno-null-dereference -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread -Wno-restrict)
+endif()
+if(ZORVEX_WERROR)
+  target_compile_options(zorvex_options INTERFACE -Werror)
+endif()
+if(ZORVEX_SANITIZE)
+  target_compile_options(zorvex_options INTERFACE
+    -O1 -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(zorvex_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(ZORVEX_FUZZ)
+  target_compile_options(zorvex_options INTERFACE
+    -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all)
+  target_link_options(zorvex_options INTERFACE -fsanitize=address,undefined)
+endif()

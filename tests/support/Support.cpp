@@ -1,0 +1,1 @@
+// Keeps the support library from being empty until its first helper arrives.

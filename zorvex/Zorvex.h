@@ -1,0 +1,9 @@
+// The public class model of the library. A host includes this header and nothing else.
+#pragma once
+
+#include "zorvex/game/AGIGameEvents.h"
+#include "zorvex/game/Error.h"
+#include "zorvex/game/Event.h"
+#include "zorvex/game/Types.h"
+#include "zorvex/platform/FileSystem.h"
+#include "zorvex/storage/AGIResource.h"

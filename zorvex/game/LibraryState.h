@@ -1,0 +1,132 @@
+// The one record of library-wide state. All modules read and write it directly; AGIGame is a thin face on it.
+// This header only declares the classes that it refers to, and no other header includes it.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "zorvex/game/Types.h"
+#include "zorvex/platform/Clock.h"
+
+namespace zorvex {
+
+class AGIGame;
+class AGIGameEvents;
+class AGILogics;
+class AGIPictures;
+class AGISounds;
+class AGIViews;
+class AGIInventoryObjects;
+class AGIWordList;
+class AGILogicSourceSettings;
+class AGICommands;
+class AGITestCommands;
+class ReservedDefines;
+class StringList;
+
+struct LibraryState {
+    LibraryState();
+
+    // The open game. Texts are host text, paths are inner paths.
+    bool GameLoaded = false;
+    std::string GameDir;      // ends in a backslash
+    std::string ResDirName;   // no separators
+    std::string ResDir;       // GameDir + ResDirName + "\"
+    std::string DefResDir;    // kept across games
+    std::string TemplateDir;  // kept across games
+    std::string GameFile;
+    std::string GameID;
+    std::string InterpreterVersion;
+    bool IsV3 = false;
+
+    // Descriptive values, all mirrored in the property list.
+    std::string GameDescription;
+    std::string GameAuthor;
+    std::string GameAbout;
+    std::string GameVersion;
+    DateTime LastEdit;
+    std::int32_t PlatformType = 0;
+    std::string Platform;
+    std::string PlatformOpts;
+    std::string DOSExec;
+    bool UseLE = false;
+
+    // The objects of the library; the long-lived references to them are here.
+    AGIGame* GameObject = nullptr;
+    std::shared_ptr<AGIGameEvents> Events;
+    std::shared_ptr<AGILogics> Logics;
+    std::shared_ptr<AGIPictures> Pictures;
+    std::shared_ptr<AGISounds> Sounds;
+    std::shared_ptr<AGIViews> Views;
+    std::shared_ptr<AGIInventoryObjects> InventoryObjects;
+    std::shared_ptr<AGIWordList> VocabularyWords;
+    std::shared_ptr<AGILogicSourceSettings> LogicSourceSettings;
+    std::shared_ptr<AGICommands> Commands;
+    std::shared_ptr<AGITestCommands> TestCommands;
+    std::shared_ptr<StringList> PropertyList;  // line 0 is the file's path; none while no game is open
+
+    // Compile and error bookkeeping.
+    bool CompileActive = false;
+    bool CompileCanceled = false;
+    bool VersionChanging = false;
+    std::int32_t LastErrorNumber = 0;
+    std::string LastErrorText;
+    std::string LastErrorSource;
+
+    // A rebuild of the game's volumes, used while CompileActive.
+    std::string TargetDir;
+    std::int32_t CurrentVol = 0;
+    std::int32_t CurrentLoc = 0;
+    std::array<std::array<std::uint8_t, 768>, 4> NewDirData{};  // by AGIResType, three bytes an entry
+    std::string NewVolFile;                                     // path of the volume being written
+
+    // What the compiler keeps across compiles.
+    bool ResourceIDsValid = false;
+    std::vector<TDefine> GlobalDefines;
+    std::int32_t GlobalsCRC = 0;
+
+    // Constants and tables.
+    std::int32_t MaxVolSize = 1047552;
+    std::int32_t MaxVol0Size = 1047552;  // kept across games
+    std::array<std::int32_t, 16> EGAColor{};
+    std::array<std::int32_t, 16> EGARevColor{};
+    std::array<std::uint8_t, 16> ColorIndex{};
+    std::string TempDir;
+};
+
+/// The one record; it exists from first use with its constants and tables in place.
+LibraryState& Library();
+
+/// Fills the constants and tables of the record; a step of AGIGame's start-up.
+void InitLibraryState();
+
+/// Loads the two palette tables with the default colours.
+void ResetDefaultPalette();
+
+/// Stores one palette entry in both tables: red in the low byte of EGAColor, blue in that of EGARevColor.
+void SetPaletteEntry(std::size_t index, std::int32_t color);
+
+/// "Logic", "Picture", "Sound", "View".
+inline constexpr std::array<std::string_view, 4> ResTypeNames{"Logic", "Picture", "Sound", "View"};
+/// "LOG", "PIC", "SND", "VIEW".
+inline constexpr std::array<std::string_view, 4> ResTypeAbbrev{"LOG", "PIC", "SND", "VIEW"};
+
+/// The interpreter versions that the library knows: eleven of V2, then five of V3.
+inline constexpr std::array<std::string_view, 16> KnownVersions{
+    "2.089", "2.272", "2.411", "2.425",    "2.426",    "2.435",    "2.439",    "2.440",
+    "2.915", "2.917", "2.936", "3.002086", "3.002098", "3.002102", "3.002107", "3.002149"};
+inline constexpr std::string_view DefaultV2Version = "2.917";
+inline constexpr std::string_view DefaultV3Version = "3.002149";
+
+/// The key with which logic messages and OBJECT files are scrambled.
+inline constexpr std::array<std::uint8_t, 11> ScrambleKey{0x41, 0x76, 0x69, 0x73, 0x20, 0x44,
+                                                          0x75, 0x72, 0x67, 0x61, 0x6E};
+
+/// The version that is written into every property file.
+inline constexpr std::string_view LibraryVersion = "2.1.1";
+
+}  // namespace zorvex

@@ -1,0 +1,93 @@
+// The files of the system behind a plain interface that a test can replace.
+//
+// Every path here is an inner path: parts separated by backslashes, a directory with or without one at its
+// end. File names ignore ASCII case: where no entry has the exact name, the first that differs only in case
+// is meant. Failures are raised as plain run-time errors (53, 58, 61, 70, 75, 76 and so on).
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "zorvex/game/Types.h"
+#include "zorvex/platform/Clock.h"
+
+namespace zorvex {
+
+enum class FileKind : std::uint8_t { None, File, Directory };
+
+/// One entry of a directory listing.
+struct DirectoryEntry {
+    std::string Name;
+    FileKind Kind = FileKind::None;
+};
+
+class FileSystem {
+  public:
+    virtual ~FileSystem() = default;
+
+    /// What a path names. Never raises.
+    virtual FileKind Kind(std::string_view path) const = 0;
+    /// A file's length in bytes.
+    virtual std::uint64_t Size(std::string_view path) const = 0;
+    /// The entries of a directory except "." and "..", by name without regard to case, then by byte order.
+    virtual std::vector<DirectoryEntry> List(std::string_view directory) const = 0;
+    /// Last write time in universal time.
+    virtual DateTime LastWriteTime(std::string_view path) const = 0;
+
+    /// The whole file.
+    virtual ByteArray Read(std::string_view path) const = 0;
+    /// Up to `count` bytes from `offset`; fewer where the file ends before.
+    virtual ByteArray ReadAt(std::string_view path, std::uint64_t offset, std::size_t count) const = 0;
+
+    /// Makes the file hold just these bytes, creating it if need be.
+    virtual void Write(std::string_view path, ByteView bytes) = 0;
+    /// Writes into a file from `offset`, creating or extending it if need be; the rest of it stays.
+    virtual void WriteAt(std::string_view path, std::uint64_t offset, ByteView bytes) = 0;
+    /// Adds bytes at the end of a file, creating it if need be.
+    virtual void Append(std::string_view path, ByteView bytes) = 0;
+
+    /// Gives a file or directory another name; raises 58 if that name is taken by another.
+    virtual void Rename(std::string_view from, std::string_view to) = 0;
+    /// Gives a file another name in one step, in place of any file of that name.
+    virtual void Replace(std::string_view from, std::string_view to) = 0;
+    /// Copies a file, over an existing one if there is one.
+    virtual void Copy(std::string_view from, std::string_view to) = 0;
+    /// Deletes a file; raises 53 if there is none.
+    virtual void Remove(std::string_view path) = 0;
+    virtual void MakeDirectory(std::string_view path) = 0;
+    /// Removes an empty directory.
+    virtual void RemoveDirectory(std::string_view path) = 0;
+
+    /// Creates an empty file with a unique name that begins with `prefix` and returns its path.
+    virtual std::string UniqueTempFile(std::string_view directory, std::string_view prefix) = 0;
+    /// A form of an existing path without blanks, where the system has one; else the path itself.
+    virtual std::string ShortPath(std::string_view path) const = 0;
+    /// The current directory, without a separator at its end.
+    virtual std::string CurrentDirectory() const = 0;
+    /// The system's directory for temporary files, without a separator at its end; empty if it reports none.
+    virtual std::string TempDirectory() const = 0;
+};
+
+/// The file system in use.
+FileSystem& Files();
+/// Puts another file system in use and returns the one used before; an empty pointer restores the system's
+/// own.
+std::shared_ptr<FileSystem> UseFileSystem(std::shared_ptr<FileSystem> files);
+/// A new file system on the machine's own files.
+std::shared_ptr<FileSystem> MakeSystemFiles();
+
+/// A path from a host in the inner form: both separators become backslashes.
+std::string InnerPath(std::string_view hostPath);
+/// An inner path in the system's own form.
+std::string NativePath(std::string_view innerPath);
+
+/// Names of the files (not directories) of a directory that match a pattern such as "*DIR", in the order of
+/// List. A directory that cannot be listed has none.
+std::vector<std::string> FilesMatching(std::string_view directory, std::string_view pattern);
+/// Names of the subdirectories of a directory.
+std::vector<std::string> SubdirectoriesOf(std::string_view directory);
+
+}  // namespace zorvex

@@ -1,0 +1,321 @@
+#include "zorvex/storage/AGIResource.h"
+
+#include <cmath>
+
+#include "zorvex/game/Checked.h"
+#include "zorvex/game/Faults.h"
+#include "zorvex/game/Helpers.h"
+#include "zorvex/game/LibraryState.h"
+#include "zorvex/platform/FileSystem.h"
+#include "zorvex/storage/ResourceFunctions.h"
+#include "zorvex/storage/VolManager.h"
+
+namespace zorvex {
+
+void AGIResource::RequireLoaded() const {
+    if (!loaded_) RaiseCatalogue(563, ErrorSource);
+}
+
+void AGIResource::RaisePosition(std::int32_t id) {
+    Library().LastErrorNumber = id;
+    RaiseCatalogue(id, ErrorSource);
+}
+
+std::int32_t AGIResource::SizeInVol() const {
+    if (!inGame_) return -1;
+    if (sizeInVol_ == -1) {
+        sizeInVol_ = ReadSizeInVol(volume_, loc_);
+        if (sizeInVol_ == -1) RaiseCatalogue(625, ErrorSource);
+    }
+    return sizeInVol_;
+}
+
+std::int32_t AGIResource::Size() {
+    if (size_ == -1 && !loaded_) {
+        Load();
+        Unload();
+    }
+    if (size_ == -1) RaiseCatalogue(563, ErrorSource);
+    return size_;
+}
+
+// --- Reading and the marker
+// ----------------------------------------------------------------------------------------
+
+ByteArray AGIResource::AllData() const {
+    RequireLoaded();
+    return data_;
+}
+
+ByteView AGIResource::View() const {
+    RequireLoaded();
+    return ByteView(data_).first(std::min(data_.size(), static_cast<std::size_t>(std::max(size_, 0))));
+}
+
+std::uint8_t AGIResource::Data(std::int32_t pos) const {
+    RequireLoaded();
+    if (pos < 0) RaisePosition(514);
+    if (pos >= size_) RaisePosition(515);
+    return At(data_, pos, ErrorSource);
+}
+
+void AGIResource::Data(std::int32_t pos, std::uint8_t value) {
+    RequireLoaded();
+    if (pos < 0) RaisePosition(514);
+    if (pos >= size_) RaisePosition(515);
+    At(data_, pos, ErrorSource) = value;
+    Change.Raise();
+}
+
+void AGIResource::MoveTo(std::int32_t pos) {
+    if (pos < 0) RaisePosition(514);
+    if (pos >= size_) RaisePosition(513);
+    curPos_ = pos;
+}
+
+std::uint8_t AGIResource::ReadByte(std::int32_t pos) {
+    RequireLoaded();
+    if (pos != MaxResourceSize + 1) MoveTo(pos);
+    UpdateEnd();
+    if (endOfResource_ || curPos_ > size_) RaisePosition(513);
+    const std::uint8_t value = At(data_, curPos_, ErrorSource);
+    ++curPos_;
+    UpdateEnd();
+    return value;
+}
+
+std::int32_t AGIResource::ReadWord(std::int32_t pos, bool msls) {
+    RequireLoaded();
+    const std::int32_t start = pos == -1 ? curPos_ : pos;
+    if (pos != -1) {
+        if (pos < 0) RaisePosition(514);
+        if (pos >= size_) RaisePosition(513);
+    }
+    if (start > size_ - 2) RaiseRuntime(reSubscript, ErrorSource);
+    const std::int32_t first = At(data_, start, ErrorSource);
+    const std::int32_t second = At(data_, start + 1, ErrorSource);
+    curPos_ = start + 2;
+    UpdateEnd();
+    return msls ? first * 256 + second : second * 256 + first;
+}
+
+std::int32_t AGIResource::GetPos() const {
+    RequireLoaded();
+    return curPos_;
+}
+
+void AGIResource::SetPos(std::int32_t pos) {
+    RequireLoaded();
+    if (pos < 0) RaisePosition(514);
+    if (pos > size_) RaisePosition(513);
+    curPos_ = pos;
+    UpdateEnd();
+}
+
+bool AGIResource::EORes() const {
+    RequireLoaded();
+    return endOfResource_;
+}
+
+// --- Writing
+// -------------------------------------------------------------------------------------------------------
+
+void AGIResource::Grow(std::int32_t count) {
+    size_ += count;
+    data_.resize(static_cast<std::size_t>(size_));
+}
+
+void AGIResource::WriteByte(std::uint8_t value, std::int32_t pos) {
+    RequireLoaded();
+    if (pos != -1) {
+        if (pos >= MaxResourceSize) RaisePosition(516);
+        if (pos < 0) RaisePosition(514);
+        if (pos > size_) RaisePosition(517);
+    }
+    const std::int32_t target = pos == -1 ? size_ : pos;
+    if (target == size_) Grow(1);
+    At(data_, target, ErrorSource) = value;
+    curPos_ = target + 1;
+    UpdateEnd();
+    Change.Raise();
+}
+
+void AGIResource::WriteWord(std::int32_t value, std::int32_t pos, bool msls) {
+    RequireLoaded();
+    if (pos != -1) {
+        if (pos >= MaxResourceSize - 1) RaisePosition(516);
+        if (pos < 0) RaisePosition(514);
+        if (pos > size_) RaisePosition(513);
+    }
+    if (value < 0 || value > 0xFFFF) RaiseCatalogue(557, ErrorSource);
+    const std::int32_t target = pos == -1 ? size_ : pos;
+    if (target == size_) {
+        Grow(2);
+    } else if (target == size_ - 1) {
+        Grow(1);
+    }
+    const auto low = static_cast<std::uint8_t>(value % 256);
+    const auto high = static_cast<std::uint8_t>(value / 256);
+    At(data_, target, ErrorSource) = msls ? high : low;
+    At(data_, target + 1, ErrorSource) = msls ? low : high;
+    curPos_ = target + 2;
+    UpdateEnd();
+    Change.Raise();
+}
+
+void AGIResource::InsertData(ByteView newData, std::int32_t insertPos) {
+    RequireLoaded();
+    if (insertPos != -1 && (insertPos < 0 || insertPos >= size_)) RaiseCatalogue(620, ErrorSource);
+    data_.resize(
+        static_cast<std::size_t>(size_));  // after Clear the array holds one byte more than Size says
+    const ByteArray copy(newData.begin(), newData.end());
+    const auto at = insertPos == -1 ? data_.end() : data_.begin() + insertPos;
+    data_.insert(at, copy.begin(), copy.end());
+    size_ = static_cast<std::int32_t>(data_.size());
+    Change.Raise();
+}
+
+void AGIResource::InsertData(double value, std::int32_t insertPos) {
+    RequireLoaded();
+    if (!(value >= 0 && value <= 255) || value != std::floor(value))
+        RaiseRuntime(reTypeMismatch, ErrorSource);
+    const std::uint8_t byte = static_cast<std::uint8_t>(value);
+    InsertData(ByteView(&byte, 1), insertPos);
+}
+
+void AGIResource::RemoveData(std::int32_t removePos, std::int32_t removeCount) {
+    RequireLoaded();
+    const std::int32_t count = std::max(removeCount, 1);
+    if (removePos < 0 || removePos >= size_) RaiseCatalogue(620, ErrorSource);
+    if (count > size_ - removePos) RaiseRuntime(reSubscript, ErrorSource);
+    data_.erase(data_.begin() + removePos, data_.begin() + removePos + count);
+    size_ -= count;
+    Change.Raise();
+}
+
+void AGIResource::Replace(ByteView bytes) {
+    data_ = ByteArray(bytes.begin(), bytes.end());
+    size_ = static_cast<std::int32_t>(data_.size());
+    curPos_ = 0;
+    endOfResource_ = false;
+}
+
+void AGIResource::SetData(ByteView newData) {
+    RequireLoaded();
+    Replace(newData);
+    Change.Raise();
+}
+
+void AGIResource::SetAllData(ByteView bytes) {
+    Replace(bytes);
+    loaded_ = true;
+    Change.Raise();
+}
+
+// --- Life
+// ----------------------------------------------------------------------------------------------------------
+
+void AGIResource::Init(std::uint8_t number, std::int32_t volume, std::int32_t loc) {
+    number_ = number;
+    volume_ = volume;
+    loc_ = loc;
+    inGame_ = true;
+}
+
+void AGIResource::NewResource(bool reset) {
+    if (inGame_) RaiseCatalogue(510, ErrorSource);
+    if (reset) Unload();
+    volume_ = -1;
+    loc_ = -1;
+    loaded_ = true;
+}
+
+void AGIResource::Unload() {
+    loaded_ = false;
+    data_ = ByteArray(1);
+    endOfResource_ = true;
+    curPos_ = 0;
+}
+
+void AGIResource::Clear() {
+    RequireLoaded();
+    data_ = ByteArray(1);
+    size_ = 0;
+    sizeInVol_ = -1;
+    curPos_ = 0;
+    endOfResource_ = false;
+}
+
+void AGIResource::SetRes(const AGIResource& source) {
+    number_ = source.number_;
+    resType_ = source.resType_;
+    resFile_ = source.resFile_;
+    loaded_ = source.loaded_;
+    size_ = source.size_;
+    if (source.inGame_) {
+        volume_ = source.volume_;
+        loc_ = source.loc_;
+    }
+}
+
+void AGIResource::Save(std::string_view saveFile) {
+    RequireLoaded();
+    if (!inGame_) {
+        Export(saveFile);
+        return;
+    }
+    AddToVol(*this, Library().IsV3);
+    Library().LastEdit = Now();
+}
+
+// --- Files
+// ---------------------------------------------------------------------------------------------------------
+
+void AGIResource::Export(std::string_view exportFile) {
+    if (exportFile.empty()) RaiseCatalogue(599, ErrorSource);
+    const bool wasLoaded = loaded_;
+    if (!wasLoaded && Attempt([&] { Load(); })) RaiseCatalogue(601, ErrorSource);
+    std::string tempFile;
+    const auto failed = Attempt([&] {
+        tempFile = TempFileName();
+        Files().Write(tempFile, data_);
+    });
+    if (!wasLoaded) Unload();
+    const auto notCopied = failed ? failed : Attempt([&] { Files().Copy(tempFile, exportFile); });
+    Attempt([&] { Files().Remove(tempFile); });
+    if (notCopied) RaiseCatalogue(582, ErrorSource);
+    if (!inGame_) resFile_ = exportFile;
+}
+
+void AGIResource::Import(std::string_view importFile) {
+    if (importFile.empty()) RaiseCatalogue(604, ErrorSource);
+    if (!FileExists(importFile)) RaiseCatalogue(524, ErrorSource, importFile);
+    if (loaded_) Unload();
+    ByteArray bytes;
+    if (Attempt([&] { bytes = Files().Read(importFile); }) || bytes.empty()) {
+        RaiseCatalogue(605, ErrorSource, importFile);
+    }
+    if (!inGame_) resFile_ = importFile;
+    Replace(bytes);
+    loaded_ = true;
+    Change.Raise();
+}
+
+void AGIResource::Load() {
+    if (loaded_) RaiseCatalogue(511, ErrorSource);
+    const std::string path = inGame_ ? VolumePath(volume_) : resFile_;
+    if (path.empty()) RaiseCatalogue(626, ErrorSource);
+    const std::string name = JustFileName(path);
+    if (!FileExists(path)) RaiseCatalogue(606, ErrorSource, name);
+    curPos_ = 0;
+    endOfResource_ = false;
+    const bool isV3 = inGame_ && Library().IsV3;
+    StoredResource stored = inGame_ ? ReadStoredResource(path, name, loc_, isV3) : ReadStoredFile(path, name);
+    size_ = static_cast<std::int32_t>(stored.data.size());
+    if (isV3) ExpandStored(stored, resType_, name);
+    data_ = std::move(stored.data);
+    size_ = static_cast<std::int32_t>(data_.size());
+    loaded_ = true;
+}
+
+}  // namespace zorvex

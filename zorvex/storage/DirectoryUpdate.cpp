@@ -1,0 +1,98 @@
+// The part of VolManager that edits directory files.
+#include <algorithm>
+
+#include "zorvex/game/Checked.h"
+#include "zorvex/game/Faults.h"
+#include "zorvex/game/LibraryState.h"
+#include "zorvex/game/Text.h"
+#include "zorvex/platform/FileSystem.h"
+#include "zorvex/platform/WholeFile.h"
+#include "zorvex/storage/AGIResource.h"
+#include "zorvex/storage/ResourceCollection.h"
+#include "zorvex/storage/V3Directory.h"
+#include "zorvex/storage/VolManager.h"
+
+namespace zorvex {
+
+namespace {
+
+/// A directory file in memory and, within it, the directory of one type.
+class DirectoryEdit {
+  public:
+    DirectoryEdit(ByteArray file, AGIResType type, bool isV3)
+        : file_(std::move(file)),
+          type_(type),
+          isV3_(isV3),
+          range_{0, static_cast<std::int32_t>(file_.size())} {
+        if (isV3) range_ = V3DirectoryRange(file_, type);
+        const double entries = RoundHalfEven((range_.end - range_.start) / 3.0 - 1);
+        max_ = static_cast<std::int32_t>(entries);
+        // A cut entry counts only at the end of the file, where there is room to complete it.
+        if (HasFollower()) max_ = std::min(max_, (range_.end - range_.start) / 3 - 1);
+    }
+
+    std::int32_t Max() const { return max_; }
+    const ByteArray& File() const { return file_; }
+
+    void Store(std::int32_t number, const DirectoryEntryBytes& entry) {
+        const auto at = static_cast<std::size_t>(range_.start + 3 * number);
+        if (file_.size() < at + entry.size()) file_.resize(at + entry.size(), 255);
+        std::copy(entry.begin(), entry.end(), file_.begin() + static_cast<std::ptrdiff_t>(at));
+    }
+
+    void Grow(std::int32_t newMax, const DirectoryEntryBytes& entry) {
+        const std::int32_t delta = (newMax - max_) * 3;
+        file_.insert(file_.begin() + range_.end, static_cast<std::size_t>(delta), 255);
+        MoveFollowers(delta);
+        Store(newMax, entry);
+    }
+
+    void Shrink(std::int32_t newMax, std::int32_t removed) {
+        const std::int32_t delta = (max_ - newMax) * 3;
+        const std::int32_t keepEnd = range_.start + 3 * (newMax + 1);
+        const std::int32_t cutEnd = HasFollower() ? keepEnd + delta : static_cast<std::int32_t>(file_.size());
+        file_.erase(file_.begin() + keepEnd, file_.begin() + cutEnd);
+        MoveFollowers(-delta);
+        const DirectoryEntryBytes empty{255, 255, 255};
+        // An emptied V2 directory keeps one empty entry: a directory file without bytes could not be opened
+        // again.
+        if (removed <= newMax || file_.empty()) Store(std::min(removed, std::max(newMax, 0)), empty);
+    }
+
+  private:
+    bool HasFollower() const { return isV3_ && type_ != rtSound; }
+
+    void MoveFollowers(std::int32_t delta) {
+        if (HasFollower()) MoveV3Directories(file_, type_, delta);
+    }
+
+    ByteArray file_;
+    AGIResType type_;
+    bool isV3_;
+    DirectoryRange range_;
+    std::int32_t max_ = -1;
+};
+
+}  // namespace
+
+void UpdateDirFile(const AGIResource& resource, bool remove) {
+    Attempt([&] {
+        const LibraryState& library = Library();
+        const std::int32_t maxNum = CollectionOf(resource.ResType())->Max();
+        const std::string path =
+            library.GameDir + DirectoryFileName(resource.ResType(), library.IsV3, library.GameID);
+        DirectoryEdit edit(Files().Read(path), resource.ResType(), library.IsV3);
+        const DirectoryEntryBytes entry = remove ? DirectoryEntryBytes{255, 255, 255}
+                                                 : MakeDirectoryEntry(resource.Volume(), resource.Loc());
+        if (remove ? maxNum >= edit.Max() : edit.Max() >= maxNum) {
+            edit.Store(resource.Number(), entry);
+        } else if (remove) {
+            edit.Shrink(maxNum, resource.Number());
+        } else {
+            edit.Grow(maxNum, entry);
+        }
+        ReplaceWholeFile(path, edit.File());
+    });
+}
+
+}  // namespace zorvex

@@ -1,0 +1,86 @@
+#include "zorvex/storage/GameResource.h"
+
+#include "zorvex/game/Error.h"
+#include "zorvex/game/GameProperties.h"
+#include "zorvex/game/LibraryState.h"
+#include "zorvex/game/Text.h"
+#include "zorvex/storage/ResourceCollection.h"
+
+namespace zorvex {
+
+namespace {
+
+constexpr std::size_t maxIDLength = 64;
+constexpr std::size_t maxDescriptionLength = 1024;
+
+}  // namespace
+
+GameResource::GameResource(AGIResType type, std::string_view errorSource) : errorSource_(errorSource) {
+    resource_.ResType(type);
+    id_ = "New" + std::string(TypeWord());
+}
+
+std::string_view GameResource::TypeWord() const {
+    return ResTypeNames[resource_.ResType()];
+}
+
+std::string GameResource::Section() const {
+    return std::string(TypeWord()) + std::to_string(Number());
+}
+
+std::string GameResource::Group() const {
+    return std::string(TypeWord()) + "s";
+}
+
+void GameResource::RequireLoaded() const {
+    if (!Loaded()) RaiseCatalogue(563, errorSource_);
+}
+
+void GameResource::WriteKey(std::string_view key, std::string_view value, bool inGroup) const {
+    WriteGameProperty(Section(), key, value, inGroup ? Group() : std::string());
+}
+
+void GameResource::ID(std::string_view value) {
+    const std::string cut = CutCharacters(value, maxIDLength);
+    if (cut.empty()) RaiseCatalogue(667, errorSource_);
+    if (cut == id_) return;
+    if (InGame()) {
+        const ResourceCollectionBase* collection = CollectionOf(ResType());
+        for (const auto& other : collection->Members()) {
+            const bool taken = IDsIgnoreCase() ? EqualNoCase(other->ID(), cut) : other->ID() == cut;
+            if (taken && other->Number() != Number()) RaiseCatalogue(623, errorSource_);
+        }
+    }
+    id_ = cut;
+    if (InGame()) {
+        WriteKey("ID", id_);
+        Library().ResourceIDsValid = false;
+    }
+    IDChanged();
+}
+
+void GameResource::Description(std::string_view value) {
+    const std::string cut = CutCharacters(value, maxDescriptionLength);
+    if (!IsOtherDescription(cut)) return;
+    description_ = cut;
+    if (InGame()) WriteKey("Description", description_);
+}
+
+void GameResource::InitInGame(std::uint8_t number, std::int32_t volume, std::int32_t loc) {
+    resource_.Init(number, volume, loc);
+    id_ = ReadGameString(Section(), "ID", "");
+    if (!id_.empty()) {
+        description_ = ReadGameString(Section(), "Description", "");
+        resource_.Size(ReadGameLong(Section(), "Size", -1));
+        ReadOwnProperties();
+        return;
+    }
+    id_ = Section();
+    resource_.Load();
+    WriteKey("ID", id_);
+    WriteKey("Size", std::to_string(resource_.Size()));
+    resource_.Unload();
+    WriteFirstProperties();
+}
+
+}  // namespace zorvex

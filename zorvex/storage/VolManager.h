@@ -1,0 +1,59 @@
+// The volume and directory files of an open game: their names, the search for free space, and the writing of
+// one resource with its directory entry.
+//
+// A directory entry is three bytes: the high nibble of the first is the volume number, its low nibble and the
+// other two bytes, high byte first, are the offset of the resource's header in that volume. A first byte of
+// 255 means "empty".
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include "zorvex/game/Types.h"
+
+namespace zorvex {
+
+class AGIResource;
+
+using DirectoryEntryBytes = std::array<std::uint8_t, 3>;
+
+/// The entry for a place in a volume.
+DirectoryEntryBytes MakeDirectoryEntry(std::int32_t volume, std::int32_t loc);
+
+/// The name of a volume file: "VOL.3", or with the game's ID in front in V3.
+std::string VolumeName(std::int32_t volume, bool isV3, const std::string& gameID);
+/// The open game's volume file.
+std::string VolumePath(std::int32_t volume);
+/// The name of the directory file that holds a type: "LOGDIR", or the game's ID and "DIR" in V3.
+std::string DirectoryFileName(AGIResType type, bool isV3, const std::string& gameID);
+/// The highest volume number: 4 in V2, 15 in V3.
+std::int32_t HighestVolume(bool isV3);
+/// The length of a resource header: 5 bytes in V2, 7 in V3.
+std::int32_t HeaderLength(bool isV3);
+
+/// Writes a resource, uncompressed. Without `rebuild` it goes to free space of the open game's volumes and
+/// its directory entry follows; with `rebuild` it goes to `vol` and `loc` of the new volume under
+/// construction. Raises 593 and 638.
+void AddToVol(AGIResource& resource, bool isV3File, bool rebuild = false, std::int32_t vol = 0,
+              std::int32_t loc = 0);
+
+/// Gives a resource the first gap, lowest volume and lowest offset first, that takes its header and bytes.
+/// Raises 593. The cost grows with the number of resources, not with the size of the volumes.
+void FindFreeVOLSpace(AGIResource& resource);
+
+/// Writes a resource's directory entry on disk, or with `remove` blanks it; the directory grows or shrinks to
+/// the collection's highest number. Raises nothing.
+void UpdateDirFile(const AGIResource& resource, bool remove);
+
+/// Stores the size that a resource takes in its volume on the collection's object of that type and number.
+void UpdateSizeInVol(const AGIResource& resource, std::int32_t size);
+
+/// The stored data size from a resource's header in the open game, or -1 where there is no header.
+std::int32_t ReadSizeInVol(std::int32_t volume, std::int32_t loc);
+
+/// Moves a rebuild on to another new volume when `size` bytes do not fit in the present one. Raises 593 and
+/// 640.
+void ValidateVolAndLoc(std::int32_t size);
+
+}  // namespace zorvex
