@@ -25,8 +25,9 @@ class AGIWordList;
 class AGILogicSourceSettings;
 class AGICommands;
 class AGITestCommands;
-class ReservedDefines;
+class ReservedTables;
 class StringList;
+struct CommandTables;
 
 struct LibraryState {
     LibraryState();
@@ -68,6 +69,14 @@ struct LibraryState {
     std::shared_ptr<AGICommands> Commands;
     std::shared_ptr<AGITestCommands> TestCommands;
     std::shared_ptr<StringList> PropertyList;  // line 0 is the file's path; none while no game is open
+
+    // The tables and settings of the logic language that all its settings objects share.
+    std::shared_ptr<CommandTables> CommandTable;    // see CommandCatalogue
+    std::shared_ptr<ReservedTables> ReservedNames;  // see ReservedNames
+    bool UseReservedNames = false;
+    bool ReservedAsText = false;
+    std::string SourceExt = ".lgc";
+    std::array<bool, 107> IgnoreWarnings{};  // from 5001
 
     // Compile and error bookkeeping.
     bool CompileActive = false;
