@@ -1,9 +1,11 @@
+#include "zorvex/game/LibraryState.h"
+#include "zorvex/logic/AGILogics.h"
 #include "zorvex/storage/ResourceCollection.h"
 
 namespace zorvex {
 
-// No collection exists before the resource classes do.
-ResourceCollectionBase* CollectionOf(AGIResType) {
+ResourceCollectionBase* CollectionOf(AGIResType type) {
+    if (type == rtLogic) return Library().Logics.get();
     return nullptr;
 }
 
