@@ -22,10 +22,11 @@ bool ReadGameBool(std::string_view section, std::string_view key, bool defaultVa
 void DeleteGameProperty(std::string_view section, std::string_view key);
 void DeleteGameSection(std::string_view section);
 
-/// Writes the property list to its file, if there is a list.
-void SaveGameProperties();
+/// Writes the property list to its file, if there is a list. False when the file could not be written.
+bool SaveGameProperties();
 
-/// Reads the general values and the palette from the list into the library's record.
+/// Reads the general values and the palette from the list into the library's record. Raises 13 for a LastEdit
+/// that is no date, after all other values have been read.
 void GetGameProperties();
 
 /// Appends a line to errlog.txt in the game directory: level 0 is a warning, any other an error. Never

@@ -18,15 +18,18 @@ namespace zorvex {
 
 class StringList;
 
-/// A new list with the file's lines, its path in line 0. Without a file the list holds one line "#"; with
-/// `create` an empty or missing file is also made to hold that line.
+/// A new list with the file's lines, its path in line 0. Without a file, or with one that cannot be read, the
+/// list holds one line "#". An empty file is made to hold that line, and with `create` so is a missing one.
 std::shared_ptr<StringList> OpenPropertyList(std::string_view path, bool create);
 
-/// Writes the list to the path in its line 0, through a temporary file.
-void SavePropertyList(StringList& list);
+/// Writes the list to the path in its line 0, through a temporary file beside it, so that a save that fails
+/// leaves the former file as it was. False after a failure; the record of the last caught error then tells
+/// which.
+bool SavePropertyList(StringList& list);
 
 /// The value of a key; section and key compare without regard to case. A missing section or key is created
-/// with the default, which is returned. Without a list (null) the default is returned.
+/// with the default, which is returned. Without a list (null), or when the
+/// text does not convert, the default is returned.
 std::string ReadPropertyString(StringList* list, std::string_view section, std::string_view key,
                                std::string_view defaultValue);
 std::int32_t ReadPropertyLong(StringList* list, std::string_view section, std::string_view key,
