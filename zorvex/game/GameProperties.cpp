@@ -49,8 +49,6 @@ void GetReservedNamesFlag() {
     bool& flag = Library().UseReservedNames;
     flag = ReadGameBool(general, "UseResNames", flag);
 }
-    ReadGameBool(general, "UseResNames", false);
-}
 
 /// An empty text is how the zero date is written.
 std::optional<DateTime> ParseLastEdit(std::string_view text) {

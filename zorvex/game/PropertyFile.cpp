@@ -142,7 +142,8 @@ std::string ReadEntry(StringList& list, std::string_view section, std::string_vi
     return std::string(defaultValue);
 }
 
-/// For a file in a directory that takes no new files. When the copy fails, the temporary file still holds all.
+/// For a file in a directory that takes no new files. When the copy fails, the temporary file still holds
+/// all.
 void OverwriteFile(const std::string& path, std::string_view text) {
     const std::string temporary = TempFileName();
     Guarded([&] { Files().Write(temporary, BytesOf(text)); }, [&] { Files().Remove(temporary); });
