@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "zorvex/game/Types.h"
+#include "zorvex/picture/PictureTypes.h"
 #include "zorvex/platform/Clock.h"
 
 namespace zorvex {
@@ -107,6 +108,9 @@ struct LibraryState {
     std::array<std::int32_t, 16> EGARevColor{};
     std::array<std::uint8_t, 16> ColorIndex{};
     std::string TempDir;
+
+    // The pen that the runs of the drawing engine have kept last.
+    PenStatus SavedPen;
 };
 
 /// The one record; it exists from first use with its constants and tables in place.

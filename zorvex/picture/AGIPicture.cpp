@@ -1,0 +1,355 @@
+#include "zorvex/picture/AGIPicture.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "zorvex/game/Checked.h"
+#include "zorvex/game/Faults.h"
+#include "zorvex/game/GameProperties.h"
+#include "zorvex/game/Helpers.h"
+#include "zorvex/game/LibraryState.h"
+#include "zorvex/game/Text.h"
+#include "zorvex/picture/PictureFunctions.h"
+#include "zorvex/platform/FileSystem.h"
+
+namespace zorvex {
+namespace {
+
+constexpr std::string_view errorSource = "ZORVEX.agiPicture";
+constexpr std::uint8_t defaultPriBase = 48;
+constexpr std::uint8_t maxPriBase = 158;
+constexpr double firstVersionWithPriBase = 2.936;
+constexpr std::size_t maxIDLength = 64;
+constexpr std::uint32_t white = 0xFFFFFF;
+
+constexpr BitmapHeader screenHeader{.Width = PictureWidth,
+                                    .Height = -PictureHeight,
+                                    .BitCount = 8,
+                                    .ImageSize = static_cast<std::uint32_t>(PictureSize),
+                                    .ColorsUsed = 16};
+
+}  // namespace
+
+AGIPicture::AGIPicture() : GameResource(rtPicture, errorSource) {
+    NewResource();
+    constexpr std::uint8_t emptyPicture[] = {dfEnd};
+    Resource().SetAllData(emptyPicture);
+    changes_ = Resource().Change.Subscribe([this] {
+        DataDirty(true);
+        built_ = false;
+    });
+}
+
+AGIPicture::~AGIPicture() {
+    Attempt([this] {
+        if (Loaded()) Resource().Unload();
+        ReleaseBitmaps();
+    });
+}
+
+// --- Drawing
+// -------------------------------------------------------------------------------------------------------
+
+void AGIPicture::BuildBMPs() {
+    ReleaseBitmaps();
+    for (std::size_t i = 0; i < colors_.size(); ++i) {
+        const auto color = static_cast<std::uint32_t>(Library().EGARevColor[i]);
+        colors_[i] = {.Blue = static_cast<std::uint8_t>(color),
+                      .Green = static_cast<std::uint8_t>(color >> 8),
+                      .Red = static_cast<std::uint8_t>(color >> 16)};
+    }
+    errorLevel_ = DrawPicture(visData_, priData_, Resource().View(), stepDraw_ ? drawPos_ : -1, drawPos_);
+    toolStatus_ = GetToolStatus();
+    MakeBitmaps();
+    built_ = true;
+}
+
+void AGIPicture::MakeBitmaps() {
+    const bool made = visual_.Make(screenHeader, colors_) && priority_.Make(screenHeader, colors_) &&
+                      Bitmaps().SetBkColor(visual_.Context, white) != 0;
+    if (!made) {
+        ReleaseBitmaps();
+        RaiseCatalogue(610, errorSource);
+    }
+    std::memcpy(visual_.Bits, visData_.data(), visData_.size());
+    std::memcpy(priority_.Bits, priData_.data(), priData_.size());
+}
+
+void AGIPicture::ReleaseBitmaps() {
+    visual_.Restore();
+    priority_.Restore();
+    visual_.DeleteBitmap();
+    priority_.DeleteBitmap();
+    visual_.DeleteContext();
+    priority_.DeleteContext();
+}
+
+void AGIPicture::EnsureBuilt() {
+    if (!built_) BuildBMPs();
+}
+
+void AGIPicture::EnsureDrawn() {
+    Attempt([this] { EnsureBuilt(); });
+}
+
+// --- The screens
+// ---------------------------------------------------------------------------------------------------
+
+void AGIPicture::RequirePoint(std::uint8_t x, std::uint8_t y) const {
+    RequireLoaded();
+    if (x >= PictureWidth || y >= PictureHeight) RaiseCatalogue(621, errorSource);
+}
+
+std::uint8_t AGIPicture::PixelAt(const ByteArray& screen, std::int32_t x, std::int32_t y) const {
+    return At(screen, x + PictureWidth * y, errorSource);
+}
+
+ByteArray AGIPicture::VisData() {
+    RequireLoaded();
+    EnsureDrawn();
+    return visData_;
+}
+
+ByteArray AGIPicture::PriData() {
+    RequireLoaded();
+    EnsureDrawn();
+    return priData_;
+}
+
+std::uint8_t AGIPicture::VisPixel(std::uint8_t x, std::uint8_t y) {
+    RequirePoint(x, y);
+    EnsureDrawn();
+    return PixelAt(visData_, x, y);
+}
+
+std::uint8_t AGIPicture::PriPixel(std::uint8_t x, std::uint8_t y) {
+    RequirePoint(x, y);
+    EnsureDrawn();
+    return PixelAt(priData_, x, y);
+}
+
+AGIColors AGIPicture::PixelPriority(std::uint8_t x, std::uint8_t y) {
+    RequirePoint(x, y);
+    EnsureDrawn();
+    std::uint8_t priority = 0;
+    for (std::int32_t row = y; row < PictureHeight && priority < agCyan; ++row)
+        priority = PixelAt(priData_, x, row);
+    return static_cast<AGIColors>(priority);
+}
+
+AGIColors AGIPicture::PixelControl(std::uint8_t x, std::uint8_t y, std::uint8_t length) {
+    RequirePoint(x, y);
+    EnsureDrawn();
+    const std::int32_t end = std::min(x + length, PictureWidth);
+    std::uint8_t lowest = agWhite;
+    for (std::int32_t column = x; column < end; ++column)
+        lowest = std::min(lowest, PixelAt(priData_, column, y));
+    return static_cast<AGIColors>(lowest);
+}
+
+bool AGIPicture::ObjOnWater(std::uint8_t x, std::uint8_t y, std::uint8_t length) {
+    RequirePoint(x, y);
+    EnsureBuilt();
+    const std::int32_t end = std::min(x + length, PictureWidth);
+    for (std::int32_t column = x; column < end; ++column) {
+        if (PixelAt(priData_, column, y) != agCyan) return false;
+    }
+    return true;
+}
+
+std::int32_t AGIPicture::VisualBMP() {
+    RequireLoaded();
+    EnsureBuilt();
+    return visual_.Context;
+}
+
+std::int32_t AGIPicture::PriorityBMP() {
+    RequireLoaded();
+    EnsureBuilt();
+    return priority_.Context;
+}
+
+// --- Step by step
+// --------------------------------------------------------------------------------------------------
+
+std::int32_t AGIPicture::DrawPos() const {
+    RequireLoaded();
+    return drawPos_;
+}
+
+void AGIPicture::DrawPos(std::int32_t value) {
+    RequireLoaded();
+    if (value == drawPos_) return;
+    drawPos_ = value < 0 ? -1 : std::min(value, Size() - 1);
+    built_ = false;
+}
+
+bool AGIPicture::StepDraw() const {
+    RequireLoaded();
+    return stepDraw_;
+}
+
+void AGIPicture::StepDraw(bool value) {
+    RequireLoaded();
+    if (value == stepDraw_) return;
+    stepDraw_ = value;
+    built_ = false;
+}
+
+PenStatus AGIPicture::CurrentToolStatus() const {
+    RequireLoaded();
+    return toolStatus_;
+}
+
+// --- Settings
+// ------------------------------------------------------------------------------------------------------
+
+template <class Field, class Value>
+void AGIPicture::SetField(Field& field, const Value& value) {
+    RequireLoaded();
+    field = value;
+    WritePropState(true);
+}
+
+void AGIPicture::BkgdImgFile(std::string_view value) {
+    SetField(bkgdImgFile_, value);
+}
+
+void AGIPicture::BkgdShow(bool value) {
+    SetField(bkgdShow_, value);
+}
+
+void AGIPicture::BkgdTrans(std::int32_t value) {
+    SetField(bkgdTrans_, value);
+}
+
+void AGIPicture::BkgdPosition(std::string_view value) {
+    SetField(bkgdPosition_, value);
+}
+
+void AGIPicture::BkgdSize(std::string_view value) {
+    SetField(bkgdSize_, value);
+}
+
+std::uint8_t AGIPicture::PriBase() {
+    const LibraryState& library = Library();
+    if (!library.GameLoaded || Val(library.InterpreterVersion) < firstVersionWithPriBase)
+        priBase_ = defaultPriBase;
+    return priBase_;
+}
+
+void AGIPicture::PriBase(std::uint8_t value) {
+    SetField(priBase_, std::min(value, maxPriBase));
+}
+
+void AGIPicture::ReadBackground() {
+    bkgdImgFile_ = ReadGameString(Section(), "BkgdImg", "");
+    if (bkgdImgFile_.empty()) return;
+    bkgdShow_ = ReadGameBool(Section(), "BkgdShow", false);
+    bkgdTrans_ = ReadGameLong(Section(), "BkgdTrans", 0);
+    bkgdPosition_ = ReadGameString(Section(), "BkgdPosn", "");
+    bkgdSize_ = ReadGameString(Section(), "BkgdSize", "");
+}
+
+void AGIPicture::WriteSettings() {
+    WriteKey("ID", ID());
+    WriteKey("Description", Description(), false);
+    if (priBase_ == defaultPriBase) {
+        DeleteGameProperty(Section(), "PriBase");
+    } else {
+        WriteKey("PriBase", std::to_string(priBase_), false);
+    }
+    if (bkgdImgFile_.empty()) {
+        bkgdShow_ = false;
+        for (const std::string_view key : {"BkgdImg", "BkgdShow", "BkgdTrans", "BkgdPosn", "BkgdSize"})
+            DeleteGameProperty(Section(), key);
+    } else {
+        WriteKey("BkgdImg", bkgdImgFile_, false);
+        WriteKey("BkgdShow", BoolText(bkgdShow_), false);
+        WriteKey("BkgdTrans", std::to_string(bkgdTrans_), false);
+        WriteKey("BkgdPosn", bkgdPosition_, false);
+        WriteKey("BkgdSize", bkgdSize_, false);
+    }
+    WritePropState(false);
+}
+
+// --- The resource
+// --------------------------------------------------------------------------------------------------
+
+void AGIPicture::Load() {
+    if (!Loaded()) Resource().Load();
+    if (InGame()) ReadBackground();
+    BuildBMPs();
+    DataDirty(false);
+}
+
+void AGIPicture::Unload() {
+    Resource().Unload();
+    DataDirty(false);
+    ReleaseBitmaps();
+    built_ = false;
+}
+
+void AGIPicture::Clear() {
+    RequireLoaded();
+    Resource().Clear();
+    Resource().WriteByte(dfEnd);
+    drawPos_ = 1;
+    Attempt([this] { BuildBMPs(); });
+    DataDirty(true);
+}
+
+void AGIPicture::Save(std::string_view saveFile) {
+    if (InGame() && WritePropState()) WriteSettings();
+    if (!DataDirty()) return;
+    RequireLoaded();
+    Resource().Save(InnerPath(saveFile));
+    if (InGame()) WriteKey("Size", std::to_string(Size()));
+    DataDirty(false);
+}
+
+void AGIPicture::TakeFileName(std::string_view path) {
+    SetIDField(CutCharacters(JustFileName(path), maxIDLength));
+}
+
+void AGIPicture::Export(std::string_view exportFile, bool resetDirty) {
+    RequireLoaded();
+    const std::string path = InnerPath(exportFile);
+    Resource().Export(path);
+    if (InGame()) return;
+    TakeFileName(path);
+    if (resetDirty) DataDirty(false);
+}
+
+void AGIPicture::Import(std::string_view importFile) {
+    const std::string path = InnerPath(importFile);
+    if (Attempt([&] { Resource().Import(path); })) return;
+    TakeFileName(path);
+    DataDirty(false);
+}
+
+void AGIPicture::SetPictureData(ByteView picData) {
+    Resource().SetAllData(picData);
+    if (Loaded()) Attempt([this] { BuildBMPs(); });
+}
+
+void AGIPicture::SetPicture(AGIPicture& copyPicture) {
+    SetIDField(copyPicture.ID());
+    description_ = copyPicture.Description();
+    bkgdImgFile_ = copyPicture.BkgdImgFile();
+    bkgdShow_ = copyPicture.BkgdShow();
+    bkgdTrans_ = copyPicture.BkgdTrans();
+    bkgdPosition_ = copyPicture.BkgdPosition();
+    bkgdSize_ = copyPicture.BkgdSize();
+    priBase_ = copyPicture.PriBase();
+    const bool dataDirty = copyPicture.DataDirty();
+    Resource().SetRes(copyPicture.Resource());
+    if (copyPicture.Loaded()) {
+        Attempt([&] { Resource().SetAllData(copyPicture.AllData()); });
+        Attempt([this] { BuildBMPs(); });
+    }
+    DataDirty(dataDirty);
+    WritePropState(copyPicture.WritePropState());
+}
+
+}  // namespace zorvex

@@ -1,0 +1,12 @@
+#include "zorvex/picture/AGIPictures.h"
+
+namespace zorvex {
+namespace {
+
+constexpr CollectionFamily family{rtPicture, "agiPictures", 647, 648, 0};
+
+}  // namespace
+
+AGIPictures::AGIPictures() : ResourceCollection(family) {}
+
+}  // namespace zorvex
