@@ -40,14 +40,7 @@ std::string AGILogic::GameSourceFile() const {
 }
 
 void AGILogic::ID(std::string_view value) {
-    try {
-        GameResource::ID(value);
-    } catch (...) {
-        const Error error = CurrentError();
-        RememberError(error);
-        if (error.Is(623) || error.Is(667)) throw error;
-        RaiseText(ObjectErrorBase + 686, error.Source(), CatalogueText(686, {"Logic", error.Description()}));
-    }
+    SetIDOrRaise686(value);
 }
 
 void AGILogic::IDChanged() {

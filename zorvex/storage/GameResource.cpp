@@ -1,6 +1,6 @@
 #include "zorvex/storage/GameResource.h"
 
-#include "zorvex/game/Error.h"
+#include "zorvex/game/Faults.h"
 #include "zorvex/game/GameProperties.h"
 #include "zorvex/game/LibraryState.h"
 #include "zorvex/game/Text.h"
@@ -57,6 +57,18 @@ void GameResource::ID(std::string_view value) {
         Library().ResourceIDsValid = false;
     }
     IDChanged();
+}
+
+void GameResource::SetIDOrRaise686(std::string_view value) {
+    try {
+        GameResource::ID(value);
+    } catch (...) {
+        const Error error = CurrentError();
+        RememberError(error);
+        if (error.Is(623) || error.Is(667)) throw error;
+        RaiseText(ObjectErrorBase + 686, error.Source(),
+                  CatalogueText(686, {TypeWord(), error.Description()}));
+    }
 }
 
 void GameResource::Description(std::string_view value) {

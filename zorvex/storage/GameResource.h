@@ -100,6 +100,8 @@ class GameResource {
 
     std::string_view ErrorSource() const { return errorSource_; }
     void RequireLoaded() const;
+    /// Sets the ID as the base does, and turns a fault that it does not name into 686.
+    void SetIDOrRaise686(std::string_view value);
     /// Writes a key of this resource's section, in its group or in none.
     void WriteKey(std::string_view key, std::string_view value, bool inGroup = true) const;
 

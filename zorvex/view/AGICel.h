@@ -1,0 +1,84 @@
+// One picture of a view's loop.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "zorvex/game/Types.h"
+#include "zorvex/view/CelPixels.h"
+#include "zorvex/view/ViewLink.h"
+
+namespace zorvex {
+
+/// A small bitmap of sixteen colours, one of which stands for "transparent". A host can make one by itself;
+/// then no view hears of its changes.
+///
+/// The two loops of a mirror pair share their cels, and a cel shows itself flipped left to right after it was
+/// fetched through the mirror of the pair. Fetching it again through the other loop turns it back, for every
+/// holder of the object: read what you need right after fetching a cel. Errors carry the source
+/// "ZORVEX.AGICel".
+class AGICel {
+  public:
+    static constexpr std::string_view ErrorSource = "ZORVEX.AGICel";
+    static constexpr std::int32_t MaxWidth = 160;
+    static constexpr std::int32_t MaxHeight = 168;
+
+    AGICel() = default;
+    explicit AGICel(ViewLinkPointer link) : link_(std::move(link)) {}
+    AGICel(ViewLinkPointer link, CelPixels pixels, AGIColors transColor)
+        : pixels_(std::move(pixels)), transColor_(transColor), link_(std::move(link)) {}
+    ~AGICel();
+    AGICel(const AGICel&) = delete;
+    AGICel& operator=(const AGICel&) = delete;
+
+    /// The position of the cel in its loop.
+    std::uint8_t Index() const { return index_; }
+    /// The width in pixels, 1 to 160; each is drawn two screen pixels wide. A new value keeps the pixels that
+    /// remain and gives new columns the transparent colour. Raises 533.
+    std::uint8_t Width() const { return static_cast<std::uint8_t>(pixels_.Width()); }
+    void Width(std::int32_t value);
+    /// The height in pixels, 1 to 168. Raises 532.
+    std::uint8_t Height() const { return static_cast<std::uint8_t>(pixels_.Height()); }
+    void Height(std::int32_t value);
+    /// The colour that is not drawn, 0 to 15. Raises 556.
+    AGIColors TransColor() const { return transColor_; }
+    void TransColor(AGIColors value);
+
+    /// One pixel, as the cel shows itself. Raises run-time error 9 outside the cel. Any colour value is
+    /// stored, but one above 15 fails when the view's bytes are built.
+    AGIColors CelData(std::int32_t xPos, std::int32_t yPos) const;
+    void CelData(std::int32_t xPos, std::int32_t yPos, AGIColors color);
+    /// A copy of all pixels, as the cel shows itself.
+    CelPixels AllCelData() const;
+    /// Replaces all pixels; they are stored as given, also while the cel shows itself flipped. Raises 614
+    /// unless they have the size of the cel.
+    void AllCelData(const CelPixels& pixels);
+
+    /// Takes size, transparent colour and pixels of another cel, so that this one shows what the other shows.
+    void CopyCel(const AGICel& sourceCel);
+    /// Makes the cel one black pixel. The transparent colour stays.
+    void Clear();
+
+    // --- For the library
+    // -------------------------------------------------------------------------------------------
+
+    void Index(std::uint8_t value) { index_ = value; }
+    bool ShowMirrored() const { return showMirrored_; }
+    void ShowMirrored(bool value) { showMirrored_ = value; }
+    /// Reverses every row of what is stored.
+    void FlipPixels();
+    /// A new cel with what is stored here, or with its rows reversed.
+    std::shared_ptr<AGICel> Copy(ViewLinkPointer link, bool flipped) const;
+
+  private:
+    void Changed();
+
+    CelPixels pixels_;
+    AGIColors transColor_ = agBlack;
+    std::uint8_t index_ = 0;
+    bool celChanged_ = false;
+    bool showMirrored_ = false;
+    ViewLinkPointer link_;
+};
+
+}  // namespace zorvex

@@ -1,0 +1,73 @@
+#include "zorvex/view/AGICels.h"
+
+#include <algorithm>
+
+#include "zorvex/game/Checked.h"
+#include "zorvex/game/Faults.h"
+
+namespace zorvex {
+
+std::shared_ptr<AGICel> AGICels::Item(std::int32_t index) const {
+    const std::shared_ptr<AGICel>& cel = At(cels_, index, ErrorSource);
+    cel->ShowMirrored(showMirrored_);
+    return cel;
+}
+
+std::shared_ptr<AGICel> AGICels::Add(std::uint8_t pos, std::int32_t celWidth, std::int32_t celHeight,
+                                     AGIColors transColor) {
+    if (Count() >= MaxCels) RaiseCatalogue(552, ErrorSource, "");
+    return Wrapped(653, [&] {
+        auto cel = std::make_shared<AGICel>(link_);
+        if (celWidth >= 1 && celWidth <= AGICel::MaxWidth) cel->Width(celWidth);
+        if (celHeight >= 1 && celHeight <= AGICel::MaxHeight) cel->Height(celHeight);
+        if (transColor <= agWhite) cel->TransColor(transColor);
+        cels_.insert(cels_.begin() + std::min<std::int32_t>(pos, Count()), cel);
+        RenewIndexes();
+        MarkDirty(link_);
+        return cel;
+    });
+}
+
+void AGICels::Remove(std::int32_t index) {
+    if (Count() == 1) RaiseCatalogue(612, ErrorSource);
+    if (index < 0 || index >= Count()) RaiseText(reSubscript, ErrorSource, "subscript out of range");
+    cels_.erase(cels_.begin() + index);
+    RenewIndexes();
+    MarkDirty(link_);
+}
+
+void AGICels::Append(CelPixels pixels, AGIColors transColor) {
+    cels_.push_back(std::make_shared<AGICel>(link_, std::move(pixels), transColor));
+    cels_.back()->Index(static_cast<std::uint8_t>(Count() - 1));
+}
+
+std::shared_ptr<AGICels> AGICels::Copy(ViewLinkPointer link) const {
+    auto copy = std::make_shared<AGICels>(link);
+    for (const auto& cel : cels_) {
+        copy->cels_.push_back(cel->Copy(link, showMirrored_));
+    }
+    copy->RenewIndexes();
+    return copy;
+}
+
+void AGICels::FlipPixels() {
+    for (const auto& cel : cels_) {
+        cel->FlipPixels();
+    }
+}
+
+void AGICels::EndMirroring() {
+    showMirrored_ = false;
+    for (const auto& cel : cels_) {
+        cel->ShowMirrored(false);
+    }
+}
+
+void AGICels::RenewIndexes() {
+    std::uint8_t index = 0;
+    for (const auto& cel : cels_) {
+        cel->Index(index++);
+    }
+}
+
+}  // namespace zorvex

@@ -1,0 +1,92 @@
+#include "zorvex/view/AGILoops.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <string>
+
+#include "zorvex/game/Checked.h"
+#include "zorvex/game/Faults.h"
+
+namespace zorvex {
+
+AGILoops::~AGILoops() {
+    for (const auto& loop : loops_) {
+        loop->Owner(nullptr);
+    }
+}
+
+void AGILoops::Cut() {
+    if (link_) link_->view = nullptr;
+}
+
+std::shared_ptr<AGILoop> AGILoops::Add(std::uint8_t pos) {
+    if (Count() >= MaxLoops) RaiseCatalogue(537, ErrorSource);
+    const std::int32_t at = std::min<std::int32_t>(pos, Count());
+    if (at < MirrorLimit && Count() >= MirrorLimit) loops_[MirrorLimit - 1]->UnMirror();
+    auto loop = std::make_shared<AGILoop>(this, link_);
+    loops_.insert(loops_.begin() + at, loop);
+    RenewIndexes();
+    MarkDirty(link_);
+    return loop;
+}
+
+std::shared_ptr<AGILoop> AGILoops::Item(std::int32_t index) const {
+    return At(loops_, index, ErrorSource);
+}
+
+void AGILoops::Remove(std::int32_t index) {
+    if (Count() == 1) RaiseCatalogue(613, ErrorSource);
+    if (index < 0 || index >= Count()) RaiseRuntime(reSubscript, ErrorSource);
+    Wrapped(661, [&] { Take(index); });
+}
+
+void AGILoops::Take(std::int32_t index) {
+    const std::shared_ptr<AGILoop> loop = Item(index);
+    if (loop->Mirrored()) {
+        // The cels stay with the partner; a host may hold the removed loop for an undo.
+        const std::shared_ptr<AGICels> shared = loop->Cels();
+        const auto own = shared->Copy(link_);
+        const bool wasSource = loop->MirrorPair() > 0;
+        loop->ForgetPair();
+        loop->SetCels(own);
+        if (wasSource) shared->FlipPixels();
+    }
+    loop->Owner(nullptr);
+    loops_.erase(loops_.begin() + index);
+    RenewIndexes();
+    MarkDirty(link_);
+}
+
+void AGILoops::SetMirror(std::int32_t targetLoop, std::int32_t sourceLoop) {
+    if (sourceLoop >= Count() || sourceLoop >= MirrorLimit || targetLoop >= MirrorLimit) {
+        RaiseCatalogue(539, ErrorSource);
+    }
+    if (targetLoop == sourceLoop) RaiseCatalogue(540, ErrorSource);
+    const std::shared_ptr<AGILoop> target = Item(targetLoop);
+    if (target->Mirrored()) RaiseCatalogue(550, ErrorSource, std::to_string(targetLoop));
+    const std::shared_ptr<AGILoop> source = Item(sourceLoop);
+    if (source->Mirrored()) RaiseCatalogue(551, ErrorSource, std::to_string(sourceLoop));
+    const std::int16_t pair = FreePairNumber();
+    source->MirrorPair(pair);
+    target->MirrorPair(static_cast<std::int16_t>(-pair));
+    target->SetCels(source->Cels());
+    MarkDirty(link_);
+}
+
+std::int16_t AGILoops::FreePairNumber() const {
+    std::int16_t pair = 1;
+    while (
+        std::ranges::any_of(loops_, [&](const auto& loop) { return std::abs(loop->MirrorPair()) == pair; })) {
+        ++pair;
+    }
+    return pair;
+}
+
+void AGILoops::RenewIndexes() {
+    std::uint8_t index = 0;
+    for (const auto& loop : loops_) {
+        loop->Index(index++);
+    }
+}
+
+}  // namespace zorvex

@@ -1,0 +1,90 @@
+// A view resource: loops of small pictures, from which actors and things on the screen are made.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "zorvex/game/Event.h"
+#include "zorvex/storage/GameResource.h"
+#include "zorvex/view/AGILoops.h"
+
+namespace zorvex {
+
+struct ViewContent;
+
+/// A view: loops, each a sequence of cels, each a small bitmap of sixteen colours with one transparent
+/// colour, and a description that is kept with them.
+///
+/// A new view stands alone, is loaded, and has one loop with one cel of one black pixel. The bytes of the
+/// buffer become loops and cels when those are first asked for, and an edit of loops and cels becomes bytes
+/// when the view is saved or exported. A change of the bytes themselves drops the loops: fetch them again
+/// after it. Errors carry the source "Zorvex.agiView".
+class AGIView : public GameResource {
+  public:
+    AGIView();
+    ~AGIView() override;
+
+    /// The loops; reads them from the bytes when needed, and an error of that unloads the view. Raises 563,
+    /// and 595, 548, 553, 539, 513 for damage that leaves no view.
+    std::shared_ptr<AGILoops> Loops();
+    /// The text stored in the view itself; game text, cut to 255 characters when read from bytes. Raises as
+    /// Loops.
+    std::string ViewDescription();
+    void ViewDescription(std::string_view value);
+    /// Makes one loop the mirror of another: from now on both have the source's cels, and the target shows
+    /// them flipped. The target's own cels are dropped. Raises 563; 539 for a number that is not there or
+    /// above 7, 540 for equal numbers, 550 and 551 for a loop that is mirrored already.
+    void SetMirror(std::int32_t targetLoop, std::int32_t sourceLoop);
+
+    using GameResource::ID;
+    /// As told at GameResource; names that differ only in case count as the same. Raises 686 for any other
+    /// fault.
+    void ID(std::string_view value) override { SetIDOrRaise686(value); }
+    bool IsDirty() const override;
+    /// Reads the bytes unless they are loaded, and the loops from them. Any error unloads the view.
+    void Load() override;
+    /// Drops bytes and loops, with whatever was not saved.
+    void Unload() override;
+    /// Makes this the smallest view. Raises 563.
+    void Clear() override;
+    /// In a game: ID and description to the property list if they wait for it, and the bytes, rebuilt, to a
+    /// volume if there are changes. A stand-alone view goes to the file. Raises 563, 632, and what the
+    /// buffer's save raises.
+    void Save(std::string_view saveFile = {}) override;
+    /// Writes the bytes, rebuilt if there are changes, to a file. Outside a game the ID becomes the file's
+    /// name. With `resetDirty` the changes count as saved. Raises 563, 632, and what the buffer's export
+    /// raises.
+    void Export(std::string_view exportFile, bool resetDirty = true);
+    /// Reads a file as the bytes of the view, whose ID becomes the file's name. Raises what the buffer's
+    /// import raises, and then the view is unloaded.
+    void Import(std::string_view importFile);
+    /// Makes this view a copy of another, loops and mirror pairs included. Raises 643.
+    void SetView(AGIView& copyView);
+
+    // --- For the library
+    // -------------------------------------------------------------------------------------------
+
+    /// Writes loops and description into the buffer. Raises 632.
+    void BuildViewData();
+
+  protected:
+    bool IDsIgnoreCase() const override { return true; }
+
+  private:
+    void RequireSet();
+    void LoadViewData();
+    void DropLoops();
+    void TakeContent(ViewContent content);
+    ViewContent Content();
+    void WriteDefaultView();
+    void CopyFrom(AGIView& source);
+    void SetFileID(std::string_view file);
+
+    std::shared_ptr<AGILoops> loops_;
+    std::string viewDescription_;
+    bool viewSet_ = false;
+    Subscription change_;
+};
+
+}  // namespace zorvex
