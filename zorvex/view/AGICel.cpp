@@ -1,10 +1,13 @@
 #include "zorvex/view/AGICel.h"
 
 #include "zorvex/game/Error.h"
+#include "zorvex/game/LibraryState.h"
 
 namespace zorvex {
 
-AGICel::~AGICel() = default;
+AGICel::~AGICel() {
+    FreeBitmap();
+}
 
 void AGICel::Changed() {
     celChanged_ = true;
@@ -65,12 +68,52 @@ void AGICel::CopyCel(const AGICel& sourceCel) {
 
 void AGICel::Clear() {
     pixels_ = CelPixels();
+    FreeBitmap();
     Changed();
 }
 
 void AGICel::FlipPixels() {
     pixels_.Flip();
     Changed();
+}
+
+// --- The bitmap
+// ------------------------------------------------------------------------------------------------------
+
+void AGICel::FreeBitmap() {
+    if (!bitmap_.Exists()) return;
+    bitmap_.Restore();
+    bitmap_.DeleteContext();
+    bitmap_.DeleteBitmap();
+    bitmap_ = BitmapSection();
+}
+
+std::int32_t AGICel::CelBMP() {
+    if (bitmap_.Exists() && bitmapMirrored_ == showMirrored_ && !celChanged_) return bitmap_.Context;
+    FreeBitmap();
+    BitmapHeader header;
+    header.Width = pixels_.Width();
+    header.Height = -pixels_.Height();
+    header.BitCount = 32;
+    header.ImageSize = static_cast<std::uint32_t>(pixels_.Flat().size());
+    if (!bitmap_.Make(header, {})) {
+        FreeBitmap();
+        RaiseCatalogue(607, ErrorSource);
+    }
+    PaintBitmap();
+    bitmapMirrored_ = showMirrored_;
+    celChanged_ = false;
+    return bitmap_.Context;
+}
+
+void AGICel::PaintBitmap() {
+    std::uint8_t* out = bitmap_.Bits;
+    for (const AGIColors pixel : AllCelData().Flat()) {
+        const auto color = static_cast<std::uint32_t>(pixel <= agWhite ? Library().EGARevColor[pixel] : 0);
+        for (std::uint32_t shift = 0; shift < 32; shift += 8) {
+            *out++ = static_cast<std::uint8_t>(color >> shift & 255);
+        }
+    }
 }
 
 std::shared_ptr<AGICel> AGICel::Copy(ViewLinkPointer link, bool flipped) const {

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "zorvex/game/Types.h"
+#include "zorvex/platform/Bitmaps.h"
 #include "zorvex/view/CelPixels.h"
 #include "zorvex/view/ViewLink.h"
 
@@ -59,6 +60,12 @@ class AGICel {
     /// Makes the cel one black pixel. The transparent colour stays.
     void Clear();
 
+    /// The handle of a device context with the cel's picture in it: 32 bits a pixel, the colours of the
+    /// game's palette, the transparent colour drawn like any other. Made again after a change of pixels or of
+    /// the side that the cel shows, not after a change of TransColor or the palette. The cel owns it, and
+    /// frees it on Clear and at its end. Raises 607 when the system fails.
+    std::int32_t CelBMP();
+
     // --- For the library
     // -------------------------------------------------------------------------------------------
 
@@ -72,12 +79,16 @@ class AGICel {
 
   private:
     void Changed();
+    void FreeBitmap();
+    void PaintBitmap();
 
     CelPixels pixels_;
     AGIColors transColor_ = agBlack;
     std::uint8_t index_ = 0;
     bool celChanged_ = false;
     bool showMirrored_ = false;
+    bool bitmapMirrored_ = false;  // what showMirrored_ was when the bitmap was made
+    BitmapSection bitmap_;
     ViewLinkPointer link_;
 };
 
