@@ -23,3 +23,7 @@
 #include "zorvex/view/AGIView.h"
 #include "zorvex/view/AGIViews.h"
 #include "zorvex/view/CelPixels.h"
+#include "zorvex/vocab/AGIInventoryItem.h"
+#include "zorvex/vocab/AGIInventoryObjects.h"
+#include "zorvex/vocab/AGIWordGroup.h"
+#include "zorvex/vocab/AGIWordList.h"

@@ -18,7 +18,7 @@ struct RuntimeMessage {
 };
 
 constexpr std::array runtimeMessages{
-    RuntimeMessage{5, "Invalid procedure call or argument"},
+    RuntimeMessage{reInvalidCall, "Invalid procedure call or argument"},
     RuntimeMessage{reOverflow, "Overflow"},
     RuntimeMessage{reOutOfMemory, "Out of memory"},
     RuntimeMessage{reSubscript, "Subscript out of range"},

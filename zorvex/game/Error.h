@@ -14,6 +14,7 @@ inline constexpr std::int32_t ObjectErrorBase = static_cast<std::int32_t>(0x8004
 
 /// Numbers of plain run-time errors, raised without ObjectErrorBase.
 enum RuntimeError : std::int32_t {
+    reInvalidCall = 5,
     reOverflow = 6,
     reOutOfMemory = 7,
     reSubscript = 9,

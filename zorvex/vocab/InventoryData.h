@@ -1,0 +1,35 @@
+// What an inventory holds, as a plain value: the form in which the two file formats are read and written.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "zorvex/game/Types.h"
+
+namespace zorvex {
+
+/// The most items that a file can hold.
+inline constexpr std::size_t MaxItems = 256;
+/// The name of an item that is not in use.
+inline constexpr std::string_view UnusedItemName = "?";
+
+/// Items in order of their numbers, names as game text.
+struct InventoryData {
+    struct Item {
+        std::string Name;
+        std::uint8_t Room = 0;
+
+        bool operator==(const Item&) const = default;
+    };
+
+    std::vector<Item> Items;
+    std::uint8_t MaxScreenObjects = 16;
+    bool Encrypted = false;
+    bool AmigaOBJ = false;
+    std::string Description;  // host text; only the text form holds it
+
+    bool operator==(const InventoryData&) const = default;
+};
+
+}  // namespace zorvex

@@ -1,0 +1,19 @@
+// The text form of an inventory: the most screen objects, then per item one line of its room, a tab and its
+// name.
+#pragma once
+
+#include <optional>
+
+#include "zorvex/game/Types.h"
+#include "zorvex/vocab/InventoryData.h"
+
+namespace zorvex {
+
+/// The inventory in a text form; nothing when the bytes are no such file or it has more than 256 items.
+/// Numbers out of range become the nearest in range; a line without a tab is a name in room 0.
+std::optional<InventoryData> DecodeObjectText(ByteView bytes);
+
+/// The bytes of the text form.
+ByteArray EncodeObjectText(const InventoryData& data);
+
+}  // namespace zorvex
