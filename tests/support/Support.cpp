@@ -1,1 +1,0 @@
-// Keeps the support library from being empty until its first helper arrives.

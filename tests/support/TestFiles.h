@@ -1,0 +1,79 @@
+// Files for tests: a temporary directory for each test, and the real games where they are there.
+//
+//     TempDir dir;
+//     dir.Write("vol.0", ByteArray{0x12, 0x34});
+//     game.OpenGameDIR(dir.Path());
+//     EXPECT_TRUE(dir.Exists("TEST.zvg"));
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "zorvex/game/Types.h"
+
+namespace zorvex::test {
+
+/// The bytes of a text, and the text of bytes.
+ByteArray Bytes(std::string_view text);
+std::string TextOf(ByteView bytes);
+
+/// A new empty directory that goes, with all in it, at the end of the scope. It works on the machine's own
+/// files, whatever file system the library uses at the time. Names are relative to it; "a/b" makes the
+/// directory a.
+class TempDir {
+  public:
+    TempDir();
+    TempDir(const TempDir&) = delete;
+    TempDir& operator=(const TempDir&) = delete;
+    ~TempDir();
+
+    /// The directory as an inner path that ends in a backslash.
+    const std::string& Path() const { return path_; }
+    /// The directory in the system's form, without a separator at its end.
+    const std::string& Native() const { return native_; }
+    /// A file in it as an inner path.
+    std::string File(std::string_view name) const;
+
+    void Write(std::string_view name, ByteView bytes) const;
+    void Write(std::string_view name, std::string_view text) const;
+    void MakeDirectory(std::string_view name) const;
+    /// Fails the test when there is no such file. Names are taken exactly.
+    ByteArray Read(std::string_view name) const;
+    std::string ReadText(std::string_view name) const;
+    bool Exists(std::string_view name) const;
+    void Remove(std::string_view name) const;
+    /// All files below the directory with their bytes, by name; for "nothing else has changed".
+    std::map<std::string, ByteArray> All() const;
+    /// Copies all files of another directory (in the system's form) into this one.
+    void CopyFrom(const std::string& nativeDirectory) const;
+
+  private:
+    std::string native_;
+    std::string path_;
+};
+
+/// The root of the sources, in the system's form.
+std::string SourceDirectory();
+
+/// The path of the tool's program, empty where it is not built.
+std::string ToolPath();
+
+/// The directory of a real game in the system's form; nothing where the games are not there. They are looked
+/// for in the directory that the environment variable ZORVEX_GAMES names, else beside the sources.
+std::optional<std::string> RealGame(std::string_view name);
+
+/// The names of all real games that are there.
+std::vector<std::string> RealGames();
+
+}  // namespace zorvex::test
+
+/// Skips the test where a real game is not there; else copies it into a TempDir.
+#define ZORVEX_COPY_GAME(name, dir)                                                               \
+    if (const auto realGame = zorvex::test::RealGame(name)) {                                     \
+        (dir).CopyFrom(*realGame);                                                                \
+    } else {                                                                                      \
+        GTEST_SKIP() << "the game " << (name) << " is not here; set ZORVEX_GAMES to where it is"; \
+    }
