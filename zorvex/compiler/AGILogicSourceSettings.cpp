@@ -14,7 +14,6 @@ namespace zorvex {
 
 namespace {
 
-constexpr std::array<std::string_view, 9> typePrefixes{"", "v", "f", "m", "o", "i", "s", "w", "c"};
 constexpr std::array<std::string_view, 9> typeNames{
     "number", "variable", "flag", "message", "object", "inventory item", "string", "word", "controller"};
 
@@ -94,7 +93,7 @@ bool NameIsGood(const TDefine& entry, const std::vector<const TDefine*>& namesIn
 }  // namespace
 
 std::string_view AGILogicSourceSettings::ArgTypePrefix(std::uint8_t index) const {
-    return At(typePrefixes, index, errSource_);
+    return At(ArgTypePrefixes, index, errSource_);
 }
 
 std::string_view AGILogicSourceSettings::ArgTypeName(std::uint8_t index) const {

@@ -1,0 +1,59 @@
+#include "zorvex/logic/LogDecode.h"
+
+#include "zorvex/compiler/AGILogicSourceSettings.h"
+#include "zorvex/game/Helpers.h"
+#include "zorvex/game/LibraryState.h"
+#include "zorvex/logic/DecodeRun.h"
+#include "zorvex/logic/StringList.h"
+#include "zorvex/storage/ResourceCollection.h"
+
+namespace zorvex {
+
+namespace {
+
+class GameDecodeNames : public DecodeNames {
+  public:
+    std::optional<std::string> ResourceID(AGIResType type, std::uint8_t number) const override {
+        const ResourceCollectionBase* collection = CollectionOf(type);
+        if (collection == nullptr || !collection->Exists(number)) return std::nullopt;
+        return TextToGame(collection->Find(number)->ID());
+    }
+    bool HasVocabulary() const override { return false; }
+    std::optional<std::string> GroupName(std::int32_t) const override { return std::nullopt; }
+    bool HasItems() const override { return false; }
+    std::optional<ItemName> Item(std::uint8_t) const override { return std::nullopt; }
+};
+
+}  // namespace
+
+DecodeSettings PresentDecodeSettings() {
+    const LibraryState& library = Library();
+    const AGILogicSourceSettings builtIn;
+    const AGILogicSourceSettings& present =
+        library.LogicSourceSettings ? *library.LogicSourceSettings : builtIn;
+    DecodeSettings settings;
+    settings.ErrorLevel = present.ErrorLevel();
+    settings.SpecialSyntax = present.SpecialSyntax();
+    settings.ElseAsGoto = present.ElseAsGoto();
+    settings.ShowAllMessages = present.ShowAllMessages();
+    settings.NamesAsText = present.ReservedAsText() && present.UseReservedNames();
+    settings.InterpreterVersion = library.InterpreterVersion;
+    return settings;
+}
+
+const DecodeNames& PresentDecodeNames() {
+    static const GameDecodeNames names;
+    return names;
+}
+
+DecodedLogic DecodeLogic(ByteView data, const DecodeSettings& settings, const DecodeNames& names) {
+    return DecodeRun(data, settings, names).Run();
+}
+
+std::shared_ptr<StringList> DecodeLogic(ByteView data) {
+    auto text = std::make_shared<StringList>();
+    text->Assign(DecodeLogic(data, PresentDecodeSettings(), PresentDecodeNames()).Lines);
+    return text;
+}
+
+}  // namespace zorvex
