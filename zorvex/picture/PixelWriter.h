@@ -19,12 +19,11 @@ inline constexpr std::uint8_t BlankVisual = agWhite;
 inline constexpr std::uint8_t BlankPriority = agRed;
 
 /// The spans of one fill that wait to have their neighbours looked at. Spans of a row never touch, so there
-/// is room for every other column of every row. Left uninitialized: entries below the top are set before they
-/// are read.
+/// is room for every other column of every row. Left uninitialized: an entry is set before it is read.
 struct FillStack {
     struct Span {
-        std::uint16_t first;
-        std::uint16_t last;
+        std::int32_t first;
+        std::int32_t last;
     };
     std::array<Span, static_cast<std::size_t>(PictureSize / 2)> spans;
 };
@@ -38,9 +37,7 @@ class PixelWriter {
         : visual_(visual), priority_(priority), visColor_(pen.VisColor), priColor_(pen.PriColor) {}
 
     void Pixel(std::int32_t index) const {
-        if (index < 0 || index >= PictureSize) return;
-        if constexpr (Visual) visual_[index] = visColor_;
-        if constexpr (Priority) priority_[index] = priColor_;
+        if (index >= 0 && index < PictureSize) Put(index);
     }
 
     /// All pixels from one index to another, both included, in either order.
@@ -58,10 +55,8 @@ class PixelWriter {
         std::int32_t index = std::min(from, to);
         if (index < 0) index += (PictureWidth - 1 - index) / PictureWidth * PictureWidth;
         const std::int32_t last = std::min(std::max(from, to), PictureSize - 1);
-        for (; index <= last; index += PictureWidth) {
-            if constexpr (Visual) visual_[index] = visColor_;
-            if constexpr (Priority) priority_[index] = priColor_;
-        }
+        for (; index <= last; index += PictureWidth)
+            Put(index);
     }
 
     void Line(std::int32_t x1, std::int32_t y1, std::int32_t x2, std::int32_t y2) const {
@@ -89,6 +84,11 @@ class PixelWriter {
 
   private:
     static constexpr std::uint8_t Empty = Visual ? BlankVisual : BlankPriority;
+
+    void Put(std::int32_t index) const {
+        if constexpr (Visual) visual_[index] = visColor_;
+        if constexpr (Priority) priority_[index] = priColor_;
+    }
 
     const std::uint8_t* Tested() const { return Visual ? visual_ : priority_; }
 
@@ -144,6 +144,14 @@ class PixelWriter {
         return static_cast<std::int32_t>(static_cast<const std::uint8_t*>(found) - tested);
     }
 
+    /// Paints a span pixel by pixel when it is short, as most spans of a crooked area are.
+    void PutSpan(FillStack::Span span) const {
+        if (span.last - span.first > 8) return Row(span.first, span.last);
+        Put(span.last);
+        for (std::int32_t i = span.first; i < span.last; ++i)
+            Put(i);
+    }
+
     /// Paints the whole empty span of a row around an empty pixel and returns it.
     FillStack::Span Claim(std::int32_t index) const {
         const std::uint8_t* tested = Tested();
@@ -151,28 +159,50 @@ class PixelWriter {
         std::int32_t first = index;
         while (first > start && tested[first - 1] == Empty)
             --first;
-        const std::int32_t end = EmptyUntil(index + 1, start + PictureWidth);
-        Row(first, end - 1);
-        return {static_cast<std::uint16_t>(first), static_cast<std::uint16_t>(end - 1)};
+        const FillStack::Span span{first, EmptyUntil(index + 1, start + PictureWidth) - 1};
+        PutSpan(span);
+        return span;
+    }
+
+    /// Follows a claimed span into the next rows as long as they hold an empty span of the very same columns,
+    /// paints these and returns the last. Nothing must be left to look at on the other side of the first.
+    FillStack::Span Slide(FillStack::Span span, std::int32_t step) const {
+        const std::uint8_t* tested = Tested();
+        const bool hasLeft = span.first % PictureWidth != 0;
+        const bool hasRight = (span.last + 1) % PictureWidth != 0;
+        while (true) {
+            const FillStack::Span next{span.first + step, span.last + step};
+            if (next.first < 0 || next.last >= PictureSize) return span;
+            if (tested[next.first] != Empty) return span;
+            if (hasLeft && tested[next.first - 1] == Empty) return span;
+            if (hasRight && tested[next.last + 1] == Empty) return span;
+            if (EmptyUntil(next.first + 1, next.last + 1) <= next.last) return span;
+            PutSpan(next);
+            span = next;
+        }
+    }
+
+    /// Claims all empty spans that touch a span from the row beside it, and stacks them.
+    FillStack::Span* ClaimBeside(FillStack::Span span, std::int32_t step, FillStack::Span* top) const {
+        const std::int32_t last = span.last + step;
+        for (std::int32_t i = NextEmpty(span.first + step, last); i <= last; i = NextEmpty(i, last)) {
+            const FillStack::Span claimed = Claim(i);
+            i = claimed.last + 2;  // the pixel right of a span is not empty
+            const bool within = claimed.first >= span.first + step && claimed.last <= last;
+            *top++ = within ? Slide(claimed, step) : claimed;
+        }
+        return top;
     }
 
     void Flood(std::int32_t seed, FillStack& stack) const {
+        const PixelWriter writer = *this;  // a copy of its own stays in registers while bytes are stored
         FillStack::Span* const bottom = stack.spans.data();
         FillStack::Span* top = bottom;
-        const auto claimAll = [&](std::int32_t first, std::int32_t last) {
-            for (std::int32_t i = NextEmpty(first, last); i <= last; i = NextEmpty(i, last)) {
-                *top = Claim(i);
-                i = top->last + 2;  // the pixel right of a span is not empty
-                ++top;
-            }
-        };
-        *top++ = Claim(seed);
+        *top++ = writer.Claim(seed);
         while (top != bottom) {
             const FillStack::Span span = *--top;
-            if (span.first >= PictureWidth) claimAll(span.first - PictureWidth, span.last - PictureWidth);
-            if (span.first < PictureSize - PictureWidth) {
-                claimAll(span.first + PictureWidth, span.last + PictureWidth);
-            }
+            if (span.first >= PictureWidth) top = writer.ClaimBeside(span, -PictureWidth, top);
+            if (span.last < PictureSize - PictureWidth) top = writer.ClaimBeside(span, PictureWidth, top);
         }
     }
 
