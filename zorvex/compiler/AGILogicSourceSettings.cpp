@@ -9,6 +9,7 @@
 #include "zorvex/game/Helpers.h"
 #include "zorvex/game/LibraryState.h"
 #include "zorvex/game/Text.h"
+#include "zorvex/vocab/AGIInventoryObjects.h"
 
 namespace zorvex {
 
@@ -34,6 +35,12 @@ std::string Quoted(std::string_view hostText) {
     return '"' + TextToGame(hostText) + '"';
 }
 
+int ItemCount() {
+    const LibraryState& library = Library();
+    const bool counts = library.GameLoaded && library.InventoryObjects && library.InventoryObjects->Loaded();
+    return counts ? library.InventoryObjects->Count() : 0;
+}
+
 /// The entry with its value as the open game gives it now; other entries as they are.
 TDefine Present(std::size_t gameInfo) {
     const LibraryState& library = Library();
@@ -42,7 +49,7 @@ TDefine Present(std::size_t gameInfo) {
         case giGameVersionMsg: return WithValue(entry, Quoted(library.GameVersion));
         case giGameAboutMsg: return WithValue(entry, Quoted(library.GameAbout));
         case giGameID: return WithValue(entry, Quoted(library.GameID));
-        case giNumberOfItems: return WithValue(entry, std::to_string(0));
+        case giNumberOfItems: return WithValue(entry, std::to_string(ItemCount()));
         default: return entry;
     }
 }

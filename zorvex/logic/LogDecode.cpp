@@ -6,6 +6,8 @@
 #include "zorvex/logic/DecodeRun.h"
 #include "zorvex/logic/StringList.h"
 #include "zorvex/storage/ResourceCollection.h"
+#include "zorvex/vocab/AGIInventoryObjects.h"
+#include "zorvex/vocab/AGIWordList.h"
 
 namespace zorvex {
 
@@ -18,10 +20,22 @@ class GameDecodeNames : public DecodeNames {
         if (collection == nullptr || !collection->Exists(number)) return std::nullopt;
         return TextToGame(collection->Find(number)->ID());
     }
-    bool HasVocabulary() const override { return false; }
-    std::optional<std::string> GroupName(std::int32_t) const override { return std::nullopt; }
-    bool HasItems() const override { return false; }
-    std::optional<ItemName> Item(std::uint8_t) const override { return std::nullopt; }
+    bool HasVocabulary() const override { return Library().GameLoaded; }
+    std::optional<std::string> GroupName(std::int32_t group) const override {
+        const AGIWordList* words = Library().VocabularyWords.get();
+        if (words == nullptr || !words->Loaded() || !words->GroupExists(group)) return std::nullopt;
+        return words->GroupN(group)->GroupName();
+    }
+    bool HasItems() const override {
+        const LibraryState& library = Library();
+        return library.GameLoaded && library.InventoryObjects && library.InventoryObjects->Loaded();
+    }
+    std::optional<ItemName> Item(std::uint8_t number) const override {
+        const AGIInventoryObjects& items = *Library().InventoryObjects;
+        if (number >= items.Count()) return std::nullopt;
+        const std::shared_ptr<AGIInventoryItem> item = items.Item(number);
+        return ItemName{item->ItemName(), item->Unique()};
+    }
 };
 
 }  // namespace

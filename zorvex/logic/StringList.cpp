@@ -44,8 +44,8 @@ void StringList::Assign(std::string_view text, std::string_view separator) {
     LinesChanged();
 }
 
-void StringList::Assign(const std::vector<std::string>& lines) {
-    lines_ = lines;
+void StringList::Assign(std::vector<std::string> lines) {
+    lines_ = std::move(lines);
     LinesChanged();
 }
 

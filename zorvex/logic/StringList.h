@@ -27,7 +27,7 @@ class StringList {
     /// Replaces the contents by the pieces of a text. With a line end as separator (CR LF, CR or LF), CR LF,
     /// CR, LF and vertical tab all end a line. An empty text gives one empty line. The cursor stays.
     void Assign(std::string_view text, std::string_view separator = CrLf);
-    void Assign(const std::vector<std::string>& lines);
+    void Assign(std::vector<std::string> lines);
     void Assign(const StringList& source);
     /// Removes all lines; the cursor stays.
     void Clear();
