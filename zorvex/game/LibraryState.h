@@ -28,6 +28,7 @@ class AGICommands;
 class AGITestCommands;
 class ReservedTables;
 class StringList;
+class frmSndSubclass;
 struct CommandTables;
 struct PropertyIndex;
 
@@ -80,6 +81,8 @@ struct LibraryState {
     bool ReservedAsText = false;
     std::string SourceExt = ".lgc";
     std::array<bool, 107> IgnoreWarnings{};  // from 5001
+
+    std::weak_ptr<frmSndSubclass> SoundForm;  // what plays sounds; made when the first needs it
 
     // Compile and error bookkeeping.
     bool CompileActive = false;

@@ -1,0 +1,464 @@
+#include "zorvex/sound/AGISound.h"
+
+#include "zorvex/game/Error.h"
+#include "zorvex/game/Faults.h"
+#include "zorvex/game/GameProperties.h"
+#include "zorvex/game/Helpers.h"
+#include "zorvex/game/Text.h"
+#include "zorvex/platform/FileSystem.h"
+#include "zorvex/platform/WholeFile.h"
+#include "zorvex/sound/SndSubclass.h"
+#include "zorvex/sound/SoundCodec.h"
+#include "zorvex/sound/SoundConversion.h"
+#include "zorvex/sound/SoundScript.h"
+
+namespace zorvex {
+
+namespace {
+
+constexpr std::int32_t maxKey = 7;
+constexpr std::int32_t defaultTPQN = 16;
+constexpr std::int32_t minTPQN = 4;
+constexpr std::int32_t maxTPQN = 64;
+constexpr std::size_t maxIDLength = 64;
+constexpr std::int32_t cannotConvert = ObjectErrorBase + 596;
+
+std::int32_t WholeQuarters(std::int32_t ticks) {
+    return ticks / 4 * 4;
+}
+
+std::string Numbered(std::string_view key, std::size_t track) {
+    return std::string(key) + std::to_string(track);
+}
+
+bool HasExtension(std::string_view path, std::string_view extension) {
+    return path.size() >= extension.size() &&
+           EqualNoCase(path.substr(path.size() - extension.size()), extension);
+}
+
+SoundFormat FormatByName(std::string_view path) {
+    if (HasExtension(path, ".ass")) return sfScript;
+    if (HasExtension(path, ".mid")) return sfMIDI;
+    if (HasExtension(path, ".wav")) return sfWAV;
+    return sfAGI;
+}
+
+}  // namespace
+
+AGISound::AGISound() : GameResource(rtSound, SourceText) {
+    Resource().NewResource();
+    Resource().SetAllData(EmptySoundBytes());
+    NewTracks(DefaultInstrument);
+    resourceChanged_ = Resource().Change.Subscribe([this] {
+        DataDirty(true);
+        tracksSet_ = false;
+        outputSet_ = false;
+        length_ = -1;
+    });
+}
+
+AGISound::~AGISound() {
+    if (const auto player = std::move(player_)) player->Stop();
+    ReleaseTracks();
+}
+
+// --- Settings and change
+// -------------------------------------------------------------------------------------------
+
+void AGISound::Key(std::int32_t value) {
+    if (value < -maxKey || value > maxKey) RaiseRuntime(reInvalidPropertyValue, ErrorSource());
+    if (value == key_) return;
+    key_ = value;
+    WritePropState(true);
+}
+
+void AGISound::TPQN(std::int32_t value) {
+    const std::int32_t ticks = WholeQuarters(value);
+    if (ticks < minTPQN || ticks > maxTPQN) RaiseRuntime(reInvalidPropertyValue, ErrorSource());
+    if (ticks == tpqn_) return;
+    tpqn_ = ticks;
+    WritePropState(true);
+}
+
+bool AGISound::IsOtherDescription(std::string_view value) const {
+    return !EqualNoCase(value, Description());
+}
+
+void AGISound::NotesChanged() {
+    outputSet_ = false;
+    length_ = -1;
+    DataDirty(true);
+}
+
+void AGISound::TrackSettingChanged(bool heard) {
+    if (heard) outputSet_ = false;
+    length_ = -1;
+    WritePropState(true);
+}
+
+// --- Tracks
+// --------------------------------------------------------------------------------------------------------
+
+void AGISound::ReleaseTracks() {
+    for (auto& track : tracks_) {
+        if (track != nullptr) track->Owner(nullptr);
+        track.reset();
+    }
+}
+
+void AGISound::NewTracks(std::uint8_t instrument) {
+    ReleaseTracks();
+    for (auto& track : tracks_) {
+        track = std::make_shared<AGITrack>();
+        track->Values({{}, instrument, false, true});
+        track->Owner(this);
+    }
+}
+
+std::shared_ptr<AGITrack> AGISound::Track(std::int32_t index) {
+    if (index < 0 || std::cmp_greater_equal(index, TrackCount)) {
+        RaiseText(reSubscript, ErrorSource(), "Index out of bounds");
+    }
+    RequireLoaded();
+    EnsureTracks();
+    return tracks_[static_cast<std::size_t>(index)];
+}
+
+void AGISound::EnsureTracks() {
+    if (!tracksSet_) Guarded([&] { LoadTracks(); }, [] {});
+}
+
+// Bytes of the other kinds say nothing of notes; reading them as tracks would make notes of chance.
+bool AGISound::HasNoteModel() const {
+    const SoundKind kind = KindOfSound(Resource().View());
+    return kind != skIIgsPCM && kind != skIIgsMIDI;
+}
+
+void AGISound::LoadTracks() {
+    const auto read = [&] {
+        if (tracks_[0] == nullptr) NewTracks(DefaultInstrument);
+        std::array<NoteList, TrackCount> notes;
+        if (HasNoteModel()) notes = DecodeNotes(Resource().View());
+        std::int64_t longest = 0;
+        for (std::size_t t = 0; t < TrackCount; ++t) {
+            longest = std::max(longest, TotalDuration(notes[t]));
+            TrackData values = tracks_[t]->Values();
+            if (InGame()) {
+                if (t != NoiseTrack) {
+                    const std::uint8_t instrument =
+                        ReadGameByte(Section(), Numbered("Inst", t), DefaultInstrument);
+                    values.Instrument = instrument < 128 ? instrument : DefaultInstrument;
+                }
+                values.Muted = ReadGameBool(Section(), Numbered("Mute", t), false);
+                values.Visible = ReadGameBool(Section(), Numbered("Visible", t), true);
+            } else {
+                values.Visible = true;
+            }
+            values.Notes = std::move(notes[t]);
+            tracks_[t]->Values(values);
+        }
+        outputSet_ = false;
+        length_ = DurationSeconds(longest);
+    };
+    Wrapped(565, read, {598});
+    tracksSet_ = true;
+    DataDirty(false);
+}
+
+void AGISound::CompileSound() {
+    if (!HasNoteModel()) return;
+    Wrapped(566, [&] {
+        EnsureTracks();
+        const ByteArray bytes = EncodeNotes(TrackValues());
+        // The bytes follow the notes here, so what was made of the notes stays good.
+        const bool outputSet = outputSet_;
+        const float length = length_;
+        Resource().SetAllData(bytes);
+        outputSet_ = outputSet;
+        length_ = length;
+        tracksSet_ = true;
+    });
+}
+
+void AGISound::CompileIfDirty() {
+    if (DataDirty()) CompileSound();
+}
+
+SoundTracks AGISound::TrackValues() const {
+    SoundTracks values;
+    for (std::size_t t = 0; t < TrackCount; ++t)
+        values[t] = tracks_[t]->Values();
+    return values;
+}
+
+float AGISound::Length() {
+    if (!Loaded()) return -1;
+    if (length_ == -1) length_ = ComputeLength();
+    return length_;
+}
+
+float AGISound::ComputeLength() {
+    if (sndFormat_ == skIIgsPCM) {
+        return static_cast<float>(Size() - PCMHeaderSize) / static_cast<float>(PCMSampleRate);
+    }
+    if (sndFormat_ == skIIgsMIDI) {
+        BuildSoundOutput();
+        return length_;
+    }
+    EnsureTracks();
+    float longest = 0;
+    for (const auto& track : tracks_) {
+        if (!track->Muted()) longest = std::max(longest, track->Length());
+    }
+    return longest;
+}
+
+// --- The converted form
+// --------------------------------------------------------------------------------------------
+
+void AGISound::BuildSoundOutput() {
+    const auto failed = Attempt([&] {
+        switch (sndFormat_) {
+            case skPCjr:
+                EnsureTracks();
+                output_ = BuildMIDI(TrackValues());
+                if (length_ == -1) length_ = ComputeLength();
+                break;
+            case skIIgsPCM:
+                output_ = BuildIIgsPCM(Resource().View());
+                if (length_ == -1) length_ = ComputeLength();
+                break;
+            default: output_ = BuildIIgsMIDI(Resource().View(), length_); break;
+        }
+    });
+    if (failed) RaiseCatalogue(596, ErrorSource());
+    outputSet_ = true;
+}
+
+ByteArray AGISound::MIDIData() {
+    RequireLoaded();
+    if (!outputSet_) BuildSoundOutput();
+    return output_;
+}
+
+// --- Life
+// ----------------------------------------------------------------------------------------------------------
+
+void AGISound::Load() {
+    const auto load = [&] {
+        if (!Loaded()) Resource().Load();
+        key_ = ReadGameLong(Section(), "Key", 0);
+        if (key_ < -maxKey || key_ > maxKey) key_ = 0;
+        tpqn_ = std::clamp(WholeQuarters(ReadGameLong(Section(), "TPQN", 0)), minTPQN, maxTPQN);
+        NewTracks(DefaultInstrument);
+        tracksSet_ = false;
+        outputSet_ = false;
+        length_ = -1;
+        if (Resource().View().size() < 2) RaiseRuntime(reSubscript, AGIResource::ErrorSource);
+        const SoundKind kind = KindOfSound(Resource().View());
+        if (kind == skNone) RaiseCatalogue(598, ErrorSource());
+        sndFormat_ = kind;
+        if (kind == skPCjr) LoadTracks();
+        tracksSet_ = true;
+    };
+    Guarded(load, [&] { Unload(); });
+    DataDirty(false);
+    WritePropState(false);
+}
+
+void AGISound::Unload() {
+    Resource().Unload();
+    DataDirty(false);
+    output_ = ByteArray();
+    outputSet_ = false;
+    length_ = -1;
+    ReleaseTracks();
+    tracksSet_ = false;
+}
+
+void AGISound::Clear() {
+    RequireLoaded();
+    NewTracks(0);
+    Resource().Clear();
+    for (int i = 0; i < 4; ++i)
+        Resource().WriteWord(8);
+    Resource().WriteWord(0xFFFF);
+    length_ = -1;
+    DataDirty(true);
+    tracksSet_ = true;  // no notes, and bytes that say so
+}
+
+void AGISound::SetSound(const AGISound& copySound) {
+    if (&copySound == this) return;
+    Wrapped(567, [&] {
+        SetIDField(copySound.ID());
+        description_ = copySound.Description();
+        key_ = copySound.key_;
+        tpqn_ = copySound.tpqn_;
+        Resource().SetRes(copySound.Resource());
+        if (copySound.Loaded()) Resource().SetAllData(copySound.Resource().View());
+        ReleaseTracks();
+        if (copySound.tracks_[0] != nullptr) {
+            NewTracks(DefaultInstrument);
+            for (std::size_t t = 0; t < TrackCount; ++t)
+                tracks_[t]->Values(copySound.tracks_[t]->Values());
+        }
+        outputSet_ = false;
+        length_ = -1;
+        DataDirty(copySound.DataDirty());
+        tracksSet_ = copySound.tracksSet_;
+        WritePropState(copySound.WritePropState());
+    });
+}
+
+void AGISound::WriteSettings() {
+    WriteKey("ID", ID());
+    WriteKey("Description", Description(), false);
+    WriteKey("Key", std::to_string(key_));
+    WriteKey("TPQN", std::to_string(tpqn_), false);
+    if (tracks_[0] == nullptr) return;  // a sound that is not loaded has no settings of its tracks to tell
+    for (std::size_t t = 0; t < NoiseTrack; ++t)
+        WriteKey(Numbered("Inst", t), std::to_string(tracks_[t]->Instrument()), false);
+    for (std::size_t t = 0; t < TrackCount; ++t)
+        WriteKey(Numbered("Mute", t), BoolText(tracks_[t]->Muted()), false);
+    for (std::size_t t = 0; t < TrackCount; ++t)
+        WriteKey(Numbered("Visible", t), BoolText(tracks_[t]->Visible()), false);
+}
+
+void AGISound::Save(std::string_view saveFile) {
+    if (InGame() && WritePropState()) {
+        WriteSettings();
+        WritePropState(false);
+    }
+    RequireLoaded();
+    if (!DataDirty()) return;
+    CompileSound();
+    const SoundFormat format = FormatByName(saveFile);
+    if (format == sfScript || format == sfMIDI) {
+        Export(ResFile(), format, true);
+        return;
+    }
+    Guarded([&] { Resource().Save(InnerPath(saveFile)); }, [] {});
+    if (InGame()) WriteKey("Size", std::to_string(Size()));
+    DataDirty(false);
+}
+
+// --- Files
+// ---------------------------------------------------------------------------------------------------------
+
+void AGISound::Export(std::string_view exportFile, SoundFormat fileFormat, bool resetDirty) {
+    RequireLoaded();
+    const std::string path = InnerPath(exportFile);
+    const bool isGiven = fileFormat == sfAGI || fileFormat == sfMIDI || fileFormat == sfScript;
+    Guarded([&] { ExportAs(isGiven ? fileFormat : FormatByName(path), path, resetDirty); }, [] {});
+    if (!InGame()) SetIDField(CutCharacters(JustFileName(path), maxIDLength));
+}
+
+void AGISound::ExportAs(SoundFormat format, const std::string& path, bool resetDirty) {
+    switch (format) {
+        case sfMIDI:
+            if (sndFormat_ == skIIgsPCM) {
+                RaiseText(cannotConvert, ErrorSource(), "Can't export PCM formatted resource as MIDI file");
+            }
+            ExportOutput(path);
+            break;
+        case sfWAV:
+            if (sndFormat_ != skIIgsPCM) {
+                RaiseText(cannotConvert, ErrorSource(),
+                          "Can't export MIDI formatted sound resource as .WAV file");
+            }
+            ExportOutput(path);
+            break;
+        case sfScript: ExportScript(path, resetDirty); break;
+        default:
+            CompileIfDirty();
+            Resource().Export(path);
+            if (!InGame() && resetDirty) DataDirty(false);
+            break;
+    }
+}
+
+void AGISound::ExportOutput(const std::string& path) {
+    if (!outputSet_) BuildSoundOutput();
+    ReplaceWholeFile(path, ByteView(output_));
+}
+
+void AGISound::ExportScript(const std::string& path, bool resetDirty) {
+    if (sndFormat_ != skPCjr) {
+        RaiseText(cannotConvert, ErrorSource(),
+                  "Only PC/PCjr sound resources can be exported as script files");
+    }
+    CompileIfDirty();
+    EnsureTracks();
+    ReplaceWholeFile(path, std::string_view(WriteSoundScript(TrackValues(), Description(), tpqn_)));
+    if (resetDirty) DataDirty(false);
+}
+
+void AGISound::Import(std::string_view importFile) {
+    constexpr std::size_t minFileSize = 3;
+    const std::string path = InnerPath(importFile);
+    ByteArray file;
+    if (Attempt([&] { file = Files().Read(path); }) || file.size() < minFileSize) {
+        RaiseCatalogue(681, ErrorSource());
+    }
+    tpqn_ = defaultTPQN;
+    key_ = 0;
+    SetIDField(CutCharacters(JustFileName(path), maxIDLength));
+    const bool done = KindOfSound(file) == skPCjr ? ImportRaw(path) : ImportScript(file);
+    if (!done) return;
+    DataDirty(false);
+    WritePropState(false);
+    tracksSet_ = true;
+}
+
+bool AGISound::ImportRaw(const std::string& path) {
+    return !Attempt([&] {
+        Resource().Import(path);
+        LoadTracks();
+    });
+}
+
+bool AGISound::ImportScript(ByteView file) {
+    // A sound that is not loaded becomes the script's as well; there is nothing of it to keep.
+    if (!Loaded()) Resource().SetAllData(EmptySoundBytes());
+    Clear();
+    const SoundScript script = ReadSoundScript(ScriptText(file));
+    if (script.Description) description_ = *script.Description;
+    tpqn_ = script.TPQN.value_or(tpqn_);
+    key_ = script.Key.value_or(key_);
+    if (script.BadLine != 0) {
+        SetIDField("");
+        description_.clear();
+        RaiseCatalogue(681, ErrorSource());
+    }
+    for (std::size_t t = 0; t < TrackCount; ++t) {
+        const SoundScript::Track& read = script.Tracks[t];
+        TrackData values = tracks_[t]->Values();
+        values.Notes = read.Notes;
+        values.Instrument = read.Instrument.value_or(values.Instrument);
+        values.Muted = read.Muted.value_or(values.Muted);
+        values.Visible = read.Visible.value_or(values.Visible);
+        tracks_[t]->Values(values);
+    }
+    NotesChanged();
+    return !Attempt([&] { CompileSound(); });
+}
+
+// --- Playing
+// -------------------------------------------------------------------------------------------------------
+
+void AGISound::PlaySound() {
+    RequireLoaded();
+    const std::shared_ptr<frmSndSubclass> player = SoundPlayer();
+    if (player->PlayingSound()) RaiseCatalogue(629, ErrorSource());
+    if (!outputSet_) Guarded([&] { BuildSoundOutput(); }, [] {});
+    Guarded([&] { player->PlaySound(*this); }, [] {});
+    if (!InGame()) player_ = player;
+}
+
+void AGISound::StopSound() {
+    RequireLoaded();
+    if (const auto player = PresentSoundPlayer()) player->Stop();
+}
+
+}  // namespace zorvex

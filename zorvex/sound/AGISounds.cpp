@@ -1,0 +1,15 @@
+#include "zorvex/sound/AGISounds.h"
+
+#include "zorvex/sound/SndSubclass.h"
+
+namespace zorvex {
+
+namespace {
+
+constexpr CollectionFamily family{rtSound, "agiSounds", 651, 652, 0};
+
+}  // namespace
+
+AGISounds::AGISounds() : ResourceCollection(family), player_(SoundPlayer()) {}
+
+}  // namespace zorvex
