@@ -98,7 +98,7 @@ TEST_F(GamePropertiesTest, ADirectoryThatTakesNoNewFilesStillTakesASave) {
 
 TEST_F(GamePropertiesTest, ThePaletteIsReadInBothFormsAndRewritten) {
     Open(
-        "[palette]\nColor3 = &H00112233\nColor4 = &H12,&H34,&H56,&H78\nColor5 = red\nColor6 = &HZZ000000\n"
+        "[Palette]\nColor3 = &H00112233\nColor4 = &H12,&H34,&H56,&H78\nColor5 = red\nColor6 = &HZZ000000\n"
         "Color7 = &H1,&H2,&H3\nColor8 = &H00abcdef");
     GetGameProperties();
     const LibraryState& library = Library();
