@@ -149,11 +149,10 @@ void PutWord(ByteArray& out, std::size_t pos, std::size_t value) {
 /// Compresses the rows of one cel, and counts what the same cel takes with its rows flipped.
 class RowWriter {
   public:
-    explicit RowWriter(const CelPixels& pixels, AGIColors transColor)
-        : pixels_(pixels), transColor_(transColor) {
-        const auto width = static_cast<std::size_t>(pixels.Width());
-        bytes_.resize((width + 1) * static_cast<std::size_t>(pixels.Height()));
-    }
+    RowWriter(const CelPixels& pixels, AGIColors transColor)
+        : pixels_(pixels),
+          transColor_(transColor),
+          bytes_(pixels.Flat().size() + static_cast<std::size_t>(pixels.Height())) {}
 
     ByteArray Write(bool mirrored) {
         for (std::int32_t y = 0; y < pixels_.Height(); ++y) {
@@ -193,7 +192,7 @@ class RowWriter {
 
     const CelPixels& pixels_;
     AGIColors transColor_;
-    ByteArray bytes_;
+    ByteArray bytes_;  // at most a byte a pixel and one a row
     std::uint8_t* next_ = bytes_.data();
     std::size_t mirrorCount_ = 0;
 };
