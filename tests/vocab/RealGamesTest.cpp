@@ -1,0 +1,71 @@
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <nlohmann/json.hpp>
+
+#include "tests/vocab/VocabSupport.h"
+#include "zorvex/platform/FileSystem.h"
+#include "zorvex/vocab/AGIInventoryObjects.h"
+#include "zorvex/vocab/AGIWordList.h"
+#include "zorvex/vocab/ObjectFile.h"
+#include "zorvex/vocab/WordsFile.h"
+
+namespace zorvex::test {
+namespace {
+
+class RealGamesTest : public testing::Test {
+  protected:
+    void SetUp() override {
+        if (RealGames().empty()) GTEST_SKIP() << "no real games are here; set ZORVEX_GAMES to where they are";
+    }
+};
+
+TEST_F(RealGamesTest, WordsAndItemsAreThoseExpected) {
+    for (const std::string& game : RealGames()) {
+        SCOPED_TRACE(game);
+        const std::string directory = *RealGame(game);
+        const auto expected = nlohmann::json::parse(std::ifstream(directory + "/expected.json"));
+
+        AGIWordList words;
+        words.Load(directory + "/WORDS.TOK");
+        auto foundWords = nlohmann::json::array();
+        for (const AGIWord& word : words)
+            foundWords.push_back({word.WordText, word.Group});
+        EXPECT_EQ(foundWords, expected["words"]);
+        const auto decoded = DecodeWordsFile(Files().Read(words.ResFile()));
+        EXPECT_EQ(DecodeWordsFile(EncodeWordsFile(*decoded)), decoded);
+
+        AGIInventoryObjects items;
+        items.Load(directory + "/OBJECT");
+        const ByteArray bytes = Files().Read(items.ResFile());
+        EXPECT_EQ(EncodeObjectFile(*DecodeObjectFile(bytes)), bytes);
+        auto foundItems = nlohmann::json::array();
+        for (const auto& item : items)
+            foundItems.push_back({item->ItemName(), item->Room()});
+        EXPECT_EQ(foundItems, expected["objects"]["items"]);
+        EXPECT_EQ(items.MaxScreenObjects(), expected["objects"]["maxScreenObjects"]);
+        EXPECT_EQ(items.Encrypted(), expected["objects"]["encrypted"]);
+        EXPECT_EQ(items.AmigaOBJ(), expected["objects"]["amiga"]);
+    }
+}
+
+TEST_F(RealGamesTest, EveryPrefixOfTheirFilesIsReadOrRefused) {
+    for (const std::string& game : RealGames()) {
+        const std::string directory = *RealGame(game);
+        for (const char* name : {"/WORDS.TOK", "/OBJECT"}) {
+            const ByteArray whole = Files().Read(InnerPath(directory + name));
+            for (std::size_t length = 0; length <= whole.size(); ++length) {
+                const ByteArray cut(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length));
+                if (const auto words = DecodeWordsFile(cut)) {
+                    EXPECT_FALSE(words->Words.empty());
+                }
+                if (const auto items = DecodeObjectFile(cut)) {
+                    EXPECT_LE(items->Items.size(), MaxItems);
+                }
+            }
+        }
+    }
+}
+
+}  // namespace
+}  // namespace zorvex::test
