@@ -1,0 +1,84 @@
+#include <gtest/gtest.h>
+
+#include "zorvex/compiler/AGICommandFunctions.h"
+#include "zorvex/compiler/AGICommands.h"
+#include "zorvex/compiler/AGITestCommands.h"
+#include "zorvex/game/Error.h"
+
+namespace zorvex::test {
+
+class CommandTablesTest : public testing::Test {
+  protected:
+    ~CommandTablesTest() override { InitCommandTables(); }
+
+    AGICommands commands;
+};
+
+TEST_F(CommandTablesTest, AreFittedToEveryVersion) {
+    struct Fit {
+        std::string_view version;
+        int count;
+        int quitArgs;
+        int printAtArgs;
+    };
+    constexpr Fit fits[] = {{"2.089", 155, 0, 3},     {"2.090", 161, 1, 3},    {"2.272", 161, 1, 3},
+                            {"2.4", 169, 1, 3},       {"2.411", 169, 1, 4},    {"2.440", 169, 1, 4},
+                            {"2.915", 173, 1, 4},     {"2.917", 173, 1, 4},    {"2.936", 175, 1, 4},
+                            {"3.002086", 177, 1, 4},  {"3.002098", 181, 1, 4}, {"3.002149", 181, 1, 4},
+                            {"2.917 beta", 173, 1, 4}};
+    for (const Fit& fit : fits) {
+        SCOPED_TRACE(fit.version);
+        SetCommandsForVersion("3.002149");
+        SetCommandsForVersion(fit.version);
+        EXPECT_EQ(commands.Count(), fit.count);
+        EXPECT_EQ(commands(134).ArgCount, fit.quitArgs);
+        EXPECT_EQ(commands(151).ArgCount, fit.printAtArgs);
+        EXPECT_EQ(CommandCatalogue().ActionCommandTable[152].ArgCount, fit.printAtArgs);
+        EXPECT_EQ(AGITestCommands().Count(), 19);
+    }
+}
+
+TEST_F(CommandTablesTest, HoldTheirRowsInTheOrderOfTheirNumbers) {
+    const auto expectRow = [](const CommandStruct& row, std::string_view name,
+                              std::vector<ArgTypeEnum> types) {
+        EXPECT_EQ(row.Name, name);
+        types.resize(row.ArgType.size());
+        EXPECT_TRUE(std::equal(types.begin(), types.end(), row.ArgType.begin())) << name;
+    };
+    EXPECT_EQ(commands.Count(), 182);
+    expectRow(commands(38), "position.v", {atSObj, atVar, atVar});
+    expectRow(commands(115), "get.string", {atStr, atMsg, atNum, atNum, atNum});
+    expectRow(commands(116), "word.to.string", {atStr, atWord});
+    expectRow(commands(157), "set.menu.item", {atMsg, atCtrl});
+    expectRow(commands(182), "adj.ego.move.to.x.y", {atNum, atNum});
+    expectRow(AGITestCommands()(10), "obj.in.room", {atIObj, atVar});
+    EXPECT_EQ(AGITestCommands()(19).Name, "unknowntest19");
+}
+
+TEST_F(CommandTablesTest, FindNamesWhateverTheVersion) {
+    SetCommandsForVersion("2.089");
+    for (int i = 0; i < 183; ++i) {
+        EXPECT_EQ(
+            ActionCommandNumber(CommandCatalogue().ActionCommandTable[static_cast<std::size_t>(i)].Name), i);
+    }
+    EXPECT_EQ(ActionCommandNumber("Set.View"), 41);
+    EXPECT_EQ(TestCommandNumber("SAID"), 14);
+    EXPECT_EQ(ActionCommandNumber("said"), -1);
+    EXPECT_EQ(TestCommandNumber(""), -1);
+}
+
+TEST_F(CommandTablesTest, RefuseNumbersAboveTheCount) {
+    SetCommandsForVersion("3.002149");
+    EXPECT_EQ(commands(181).Name, "release.key");
+    commands.strErrSource("here");
+    try {
+        commands(182);
+        FAIL();
+    } catch (const Error& error) {
+        EXPECT_EQ(error.Number(), 9);
+        EXPECT_EQ(error.Source(), "here");
+    }
+    EXPECT_THROW(AGITestCommands()(20), Error);
+}
+
+}  // namespace zorvex::test
