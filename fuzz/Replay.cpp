@@ -6,6 +6,7 @@
 // Without kept inputs the mutations grow out of the empty input. The number and seed can also come from the
 // environment variables ZORVEX_MUTATIONS and ZORVEX_SEED. A failure says which input and mutation it was
 // before it ends the program.
+#include <algorithm>
 #include <csignal>
 #include <cstdint>
 #include <cstdio>
