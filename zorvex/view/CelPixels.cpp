@@ -23,12 +23,12 @@ std::size_t CelPixels::Index(std::int32_t x, std::int32_t y) const {
     return static_cast<std::size_t>(y) * static_cast<std::size_t>(width_) + static_cast<std::size_t>(x);
 }
 
-std::span<AGIColors> CelPixels::Row(std::int32_t y) {
+std::span<AGIColors> CelPixels::Row(std::int32_t y) & {
     if (y < 0 || y >= height_) RaiseRuntime(reSubscript);
     return std::span(pixels_).subspan(Area(width_, y), static_cast<std::size_t>(width_));
 }
 
-std::span<const AGIColors> CelPixels::Row(std::int32_t y) const {
+std::span<const AGIColors> CelPixels::Row(std::int32_t y) const& {
     if (y < 0 || y >= height_) RaiseRuntime(reSubscript);
     return std::span(pixels_).subspan(Area(width_, y), static_cast<std::size_t>(width_));
 }

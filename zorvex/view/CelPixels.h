@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "zorvex/game/Types.h"
@@ -25,10 +26,11 @@ class CelPixels {
     AGIColors Pixel(std::int32_t x, std::int32_t y) const { return pixels_[Index(x, y)]; }
     void Pixel(std::int32_t x, std::int32_t y, AGIColors color) { pixels_[Index(x, y)] = color; }
     /// One row in place, valid until the size changes; raises run-time error 9.
-    std::span<AGIColors> Row(std::int32_t y);
-    std::span<const AGIColors> Row(std::int32_t y) const;
+    std::span<AGIColors> Row(std::int32_t y) &;
+    std::span<const AGIColors> Row(std::int32_t y) const&;
     /// All pixels, row after row.
-    const std::vector<AGIColors>& Flat() const { return pixels_; }
+    const std::vector<AGIColors>& Flat() const& { return pixels_; }
+    std::vector<AGIColors> Flat() && { return std::move(pixels_); }
 
     /// Changes the size: what remains keeps its place, what is new gets the colour. Raises 9 for a negative
     /// size.

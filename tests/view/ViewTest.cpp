@@ -1,0 +1,217 @@
+#include "zorvex/view/AGIView.h"
+
+#include "tests/support/Errors.h"
+#include "tests/support/TestFiles.h"
+#include "tests/view/ViewText.h"
+#include "zorvex/game/LibraryState.h"
+#include "zorvex/platform/Bitmaps.h"
+#include "zorvex/screen/AGIScreenObjects.h"
+
+namespace zorvex::test {
+namespace {
+
+TEST(View, ANewOneIsLoadedCleanAndSmall) {
+    AGIView view;
+    EXPECT_TRUE(view.Loaded());
+    EXPECT_FALSE(view.IsDirty());
+    EXPECT_EQ(view.ID(), "NewView");
+    ASSERT_EQ(view.Loops()->Count(), 1);
+    EXPECT_EQ(Shown(view, 0), (Rows{"0"}));
+    EXPECT_FALSE(view.IsDirty());
+    EXPECT_EQ(view.AllData(), ByteArray(DefaultViewBytes().begin(), DefaultViewBytes().end()));
+}
+
+TEST(View, EveryEditReachesTheView) {
+    const std::function<void(AGIView&)> edits[] = {
+        [](AGIView& view) { view.Loops()->Item(0)->Cels()->Item(0)->CelData(0, 0, agRed); },
+        [](AGIView& view) { view.Loops()->Item(0)->Cels()->Item(0)->TransColor(agRed); },
+        [](AGIView& view) { view.Loops()->Item(0)->Cels()->Item(0)->Width(7); },
+        [](AGIView& view) { view.Loops()->Item(0)->Cels()->Item(0)->CopyCel(AGICel()); },
+        [](AGIView& view) { view.Loops()->Item(0)->Cels()->Item(0)->Clear(); },
+        [](AGIView& view) { view.Loops()->Item(0)->Cels()->Add(); },
+        [](AGIView& view) { view.Loops()->Item(0)->Cels()->Remove(0); },
+        [](AGIView& view) { view.Loops()->Item(0)->CopyLoop(*view.Loops()->Item(1)); },
+        [](AGIView& view) { view.Loops()->Item(2)->UnMirror(); },
+        [](AGIView& view) { view.Loops()->Add(); },
+        [](AGIView& view) { view.Loops()->Remove(1); },
+        [](AGIView& view) { view.SetMirror(1, 0); },
+        [](AGIView& view) { view.ViewDescription("a key"); },
+        [](AGIView& view) { view.Data(2, 1); },
+        [](AGIView& view) { view.Clear(); },
+    };
+    int number = 0;
+    for (const auto& edit : edits) {
+        const auto view = MakeView({{"12"}, {"3"}, {"4"}, {"5"}});
+        AddCel(*view, 0, {"6"});
+        view->SetMirror(2, 3);
+        view->BuildViewData();
+        view->Load();
+        ASSERT_FALSE(view->IsDirty());
+        edit(*view);
+        EXPECT_TRUE(view->IsDirty()) << "edit " << number;
+        ++number;
+    }
+}
+
+TEST(View, ChangedBytesDropTheLoopsAndStayUnsaved) {
+    AGIView view;
+    const auto old = view.Loops();
+    view.SetData(EncodeView(DecodeView(MakeView({{"12"}, {"3"}})->AllData())));
+    const auto two = MakeView({{"12"}, {"3"}});
+    two->BuildViewData();
+    view.SetData(two->AllData());
+    EXPECT_EQ(view.Loops()->Count(), 2);
+    EXPECT_TRUE(view.IsDirty()) << "to look at new bytes does not save them";
+    view.Load();
+    EXPECT_FALSE(view.IsDirty());
+    old->Add();
+    EXPECT_FALSE(view.IsDirty()) << "loops that the view has dropped tell it nothing";
+    EXPECT_EQ(view.Loops()->Count(), 2);
+}
+
+TEST(View, GoesToAFileAndBack) {
+    TempDir dir;
+    const auto view = MakeView({{"120"}, {"3"}, {"FF", "0F"}});
+    view->SetMirror(1, 0);
+    view->ViewDescription("A rusty key.");
+    view->Export(dir.File("key.agv"), false);
+    EXPECT_EQ(view->ID(), "key.agv");
+    EXPECT_TRUE(view->IsDirty());
+    view->Export(dir.File("key.agv"));
+    EXPECT_FALSE(view->IsDirty());
+
+    AGIView read;
+    read.Loops()->Add();
+    read.Import(dir.File("key.agv"));
+    EXPECT_FALSE(read.IsDirty());
+    EXPECT_EQ(read.ID(), "key.agv");
+    EXPECT_EQ(read.ViewDescription(), "A rusty key.");
+    EXPECT_EQ(Shown(read, 1), (Rows{"021"}));
+    EXPECT_EQ(Shown(read, 2), (Rows{"FF", "0F"}));
+    EXPECT_FALSE(read.IsDirty());
+    read.Export(dir.File("copy"));
+    EXPECT_EQ(dir.Read("copy"), dir.Read("key.agv"));
+
+    EXPECT_EQ(RaisedId([&] { read.Import(dir.File("none")); }), 524);
+    EXPECT_FALSE(read.Loaded());
+    EXPECT_EQ(RaisedId([&] { read.Export(dir.File("copy")); }), 563);
+    EXPECT_EQ(RaisedId([&] { read.SetMirror(1, 0); }), 563);
+    EXPECT_EQ(RaisedId([&] { read.Clear(); }), 563);
+    EXPECT_EQ(RaisedId([&] { read.ViewDescription(); }), 563);
+}
+
+TEST(View, BadBytesUnloadIt) {
+    AGIView view;
+    ByteArray bytes = view.AllData();
+    bytes[3] = 13;
+    view.SetData(bytes);
+    EXPECT_EQ(RaisedText([&] { view.Loops(); }), "Can't read past end of resource.");
+    EXPECT_FALSE(view.Loaded());
+    EXPECT_EQ(RaisedId([&] { view.Loops(); }), 563);
+}
+
+TEST(View, AColorAboveFifteenFailsWhenTheBytesAreBuilt) {
+    TempDir dir;
+    const auto view = MakeView({{"1"}});
+    view->Loops()->Item(0)->Cels()->Item(0)->CelData(0, 0, agNone);
+    const std::string inner = "Unhandled error in CompressCelData function(6:Overflow)";
+    EXPECT_EQ(RaisedText([&] { view->Export(dir.File("x")); }),
+              "Error in CompileView(" + std::to_string(ObjectErrorBase + 654) + ":" + inner + ")");
+    EXPECT_FALSE(dir.Exists("x"));
+    view->Loops()->Item(0)->Cels()->Item(0)->CelData(0, 0, agRed);
+    view->Export(dir.File("x"));
+}
+
+TEST(View, ClearLeavesTheSmallestView) {
+    const auto view = MakeView({{"12"}, {"3"}});
+    AddCel(*view, 0, {"4"});
+    view->SetMirror(1, 0);
+    view->ViewDescription("gone");
+    const auto held = view->Loops();
+    view->Clear();
+    EXPECT_EQ(held->Count(), 1);
+    EXPECT_EQ(held->Item(0)->Cels()->Count(), 1);
+    EXPECT_EQ(view->AllData(), AGIView().AllData());
+    EXPECT_EQ(Shown(*view, 0), (Rows{"0"}));
+    EXPECT_EQ(view->ViewDescription(), "");
+    EXPECT_TRUE(view->IsDirty());
+}
+
+TEST(View, ACopyHasItsOwnPairs) {
+    const auto view = MakeView({{"12"}, {"3"}, {"45"}});
+    view->SetMirror(0, 2);
+    view->ID("Ego");
+    view->Description("The hero");
+    AGIView copy;
+    copy.SetView(*view);
+    EXPECT_EQ(copy.ID(), "Ego");
+    EXPECT_EQ(copy.Description(), "The hero");
+    EXPECT_TRUE(copy.IsDirty());
+    EXPECT_EQ(copy.Loops()->Item(0)->MirrorPair(), -1);
+    EXPECT_EQ(Shown(copy, 0), (Rows{"54"}));
+    copy.Loops()->Item(0)->Cels()->Item(0)->CelData(0, 0, agWhite);
+    EXPECT_EQ(Shown(copy, 2), (Rows{"4F"}));
+    EXPECT_EQ(Shown(*view, 2), (Rows{"45"}));
+    copy.BuildViewData();
+    copy.Load();
+    EXPECT_EQ(copy.Loops()->Item(0)->MirrorPair(), 1) << "the bytes know only that loops are a pair";
+    EXPECT_EQ(Shown(copy, 0), (Rows{"F4"}));
+
+    AGIView bad;
+    bad.SetData(ByteArray{1, 1, 0});
+    const auto error = Raised([&] { copy.SetView(bad); });
+    ASSERT_TRUE(error && error->Is(643));
+    EXPECT_NE(error->Description().find(":Unable to extract resource; invalid data found)"),
+              std::string::npos);
+    EXPECT_EQ(copy.ID(), "Ego");
+}
+
+// --- The bitmap of a cel -----------------------------------------------------------------------------------
+
+std::vector<std::int32_t> Colors(std::int32_t context) {
+    const auto look = Bitmaps().Look(context).value();
+    std::vector<std::int32_t> colors;
+    for (std::size_t i = 0; i + 3 < look.Pixels.size(); i += 4) {
+        colors.push_back(look.Pixels[i] | look.Pixels[i + 1] << 8 | look.Pixels[i + 2] << 16);
+    }
+    return colors;
+}
+
+TEST(CelBitmap, ShowsThePaletteAndIsMadeAgainWhenNeeded) {
+    const auto before = UseBitmaps(MakeMemoryBitmaps());
+    {
+        const auto view = MakeView({{"4F"}, {"0"}});
+        view->SetMirror(1, 0);
+        auto cel = view->Loops()->Item(0)->Cels()->Item(0);
+        const std::int32_t context = cel->CelBMP();
+        EXPECT_EQ(Colors(context), (std::vector<std::int32_t>{0xA00000, 0xFFFFFF}));
+        EXPECT_EQ(Bitmaps().Look(context)->Header.Height, -1);
+        cel->TransColor(agRed);
+        EXPECT_EQ(cel->CelBMP(), context);
+        cel->CelData(0, 0, agNone);
+        EXPECT_EQ(Colors(cel->CelBMP()), (std::vector<std::int32_t>{0, 0xFFFFFF}));
+        cel = view->Loops()->Item(1)->Cels()->Item(0);
+        EXPECT_EQ(Colors(cel->CelBMP()), (std::vector<std::int32_t>{0xFFFFFF, 0}));
+        EXPECT_EQ(Bitmaps().LiveHandles(), 2U);
+        cel->Clear();
+        EXPECT_EQ(Bitmaps().LiveHandles(), 0U);
+        cel->CelBMP();
+    }
+    EXPECT_EQ(Bitmaps().LiveHandles(), 0U);
+    UseBitmaps(before);
+}
+
+TEST(ScreenObjects, KeepWhatTheyAreGiven) {
+    AGIScreenObjects object;
+    EXPECT_EQ(object.View(), nullptr);
+    EXPECT_EQ(object.Priority(), agBlack);
+    const auto view = std::make_shared<AGIView>();
+    object.View(view);
+    object.Direction(odUpLeft);
+    object.StopMotion();
+    EXPECT_EQ(object.View(), view);
+    EXPECT_EQ(object.Direction(), odUpLeft);
+}
+
+}  // namespace
+}  // namespace zorvex::test
