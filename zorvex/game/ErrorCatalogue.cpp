@@ -373,7 +373,7 @@ constexpr CatalogueRow catalogue[] = {
      "4154: Invalid arguments for set.key command (must be '##,0' for ascii value, or '0,##' for keycode "
      "value)"},
     {4155, "4155: Invalid keycode argument for set.key command"},
-    {4156, "4156: Invalid argument for call (logic %1 does not exist)"},
+    {4156, "4156: Invalid argument for call (logic %1 does not exist)\r\n"},
     {4157, "4157: Invalid negative argument value"},
     {4158, "4158: Invalid arguments for random command (LOWER=UPPER+1 will crash AGI)"},
     {4159, "4159: Logic source code is empty"},

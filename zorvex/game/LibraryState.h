@@ -26,7 +26,9 @@ class AGIWordList;
 class AGILogicSourceSettings;
 class AGICommands;
 class AGITestCommands;
+class GlobalDefineTable;
 class ReservedTables;
+class ResourceIDTable;
 class StringList;
 class frmSndSubclass;
 struct CommandTables;
@@ -101,8 +103,11 @@ struct LibraryState {
 
     // What the compiler keeps across compiles.
     bool ResourceIDsValid = false;
-    std::vector<TDefine> GlobalDefines;
+    std::shared_ptr<const ResourceIDTable> ResourceIDs;
+    std::shared_ptr<const GlobalDefineTable> GlobalDefines;  // see CurrentGlobalDefines
     std::int32_t GlobalsCRC = 0;
+    std::int32_t CompileColumn = 0;  // where in its line the last warning or error lies, from 1; 0: unknown
+    bool CompilingLogic = false;
 
     // Constants and tables.
     std::int32_t MaxVolSize = 1047552;

@@ -3,11 +3,14 @@
 #include <array>
 
 #include "zorvex/compiler/AGICommandFunctions.h"
+#include "zorvex/compiler/LogCompile.h"
 #include "zorvex/game/Faults.h"
 #include "zorvex/game/GameProperties.h"
 #include "zorvex/game/Helpers.h"
 #include "zorvex/game/LibraryState.h"
 #include "zorvex/game/Text.h"
+#include "zorvex/logic/LogDecode.h"
+#include "zorvex/logic/StringList.h"
 #include "zorvex/platform/FileSystem.h"
 
 namespace zorvex {
@@ -137,7 +140,7 @@ std::string AGILogic::ReadSource(const std::string& file) const {
 }
 
 std::string AGILogic::DecompiledText() const {
-    RaiseCatalogue(558, ErrorSource);
+    return DecodeLogic(Resource().View())->Text("\r");
 }
 
 void AGILogic::LoadSource(bool forceDecompile) {
@@ -214,7 +217,15 @@ void AGILogic::Compile() {
     if (!InGame()) RaiseCatalogue(618, ErrorSource);
     RequireLoaded();
     if (sourceText_.empty()) RaiseCatalogue(546, ErrorSource);
-    RaiseCatalogue(558, ErrorSource);
+    CompileLogic(*this);
+    DataDirty(true);
+    Save();
+}
+
+void AGILogic::NoteCompiled() {
+    compiledCRC_ = crc_;
+    WriteCRC();
+    WriteCompiledCRC();
 }
 
 // --- Life

@@ -89,6 +89,8 @@ class AGILogic : public GameResource {
 
     void SetIDField(std::string_view value) override;
     void CompiledCRC(std::int32_t value) { compiledCRC_ = value; }
+    /// The bytes now come from the present source text.
+    void NoteCompiled();
 
   protected:
     void ReadOwnProperties() override;

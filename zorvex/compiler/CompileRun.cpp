@@ -1,0 +1,150 @@
+#include "zorvex/compiler/CompileRun.h"
+
+#include "zorvex/compiler/AGILogicSourceSettings.h"
+#include "zorvex/game/AGIGameEvents.h"
+#include "zorvex/game/Checked.h"
+#include "zorvex/game/Helpers.h"
+#include "zorvex/game/LibraryState.h"
+
+namespace zorvex {
+
+namespace {
+
+constexpr std::int32_t firstWarning = 5001;
+
+/// The catalogue's text as host text, filled with up to three pieces of game text.
+std::string FilledText(std::int32_t number, std::initializer_list<std::string_view> fillers) {
+    std::array<std::string, 3> host;
+    std::size_t count = 0;
+    for (const std::string_view filler : fillers)
+        host[count++] = ConvertToCodePage(filler);
+    switch (count) {
+        case 0: return CatalogueText(number);
+        case 1: return CatalogueText(number, {host[0]});
+        case 2: return CatalogueText(number, {host[0], host[1]});
+        default: return CatalogueText(number, {host[0], host[1], host[2]});
+    }
+}
+
+/// True when the host does not want to hear of a warning; those past the last switch always go out.
+bool IsIgnored(std::int32_t number) {
+    const auto& switches = Library().IgnoreWarnings;
+    const auto index = static_cast<std::size_t>(number - firstWarning);
+    return number >= firstWarning && index < switches.size() && switches[index];
+}
+
+}  // namespace
+
+CompileRun::CompileRun(std::uint8_t logicNumber, LogicErrorLevel level)
+    : LogicNumber(logicNumber), Level(level) {}
+
+// --- Reporting
+// ---------------------------------------------------------------------------------------------------
+
+CompileFailure CompileRun::Failure(std::int32_t number,
+                                   std::initializer_list<std::string_view> fillers) const {
+    return {number, FilledText(number, fillers), {}};
+}
+
+void CompileRun::Fail(std::int32_t number, std::initializer_list<std::string_view> fillers) const {
+    throw Failure(number, fillers);
+}
+
+void CompileRun::FailOrBlameQuote(std::int32_t number, std::initializer_list<std::string_view> fillers) {
+    if (QuoteErrLine == -1) Fail(number, fillers);
+    LineIndex = QuoteErrLine;
+    ErrLine = LineIndex - IncludeOffset;
+    Fail(4051);
+}
+
+void CompileRun::Warn(std::int32_t number, std::initializer_list<std::string_view> fillers) {
+    if (IsIgnored(number)) return;
+    AddWarning(number, FilledText(number, fillers));
+}
+
+void CompileRun::AddWarning(std::int32_t number, std::string_view text) {
+    if (IsIgnored(number)) return;
+    const std::string shown = text.empty() ? CatalogueText(number) : std::string(text);
+    const std::string warning =
+        std::to_string(number) + "|" + shown + "|" + std::to_string(ErrLine + 1) + "|" + ModuleName();
+    Library().CompileColumn = Column();
+    try {
+        if (Library().Events) Library().Events->LogCompWarning.Raise(warning, LogicNumber);
+    } catch (...) {
+        throw HandlerFault{std::current_exception()};
+    }
+}
+
+void CompileRun::Report(std::int32_t high, std::int32_t medium,
+                        std::initializer_list<std::string_view> fillers) {
+    const std::int32_t number = Level == leHigh ? high : Level == leMedium ? medium : 0;
+    if (number >= firstWarning) {
+        Warn(number, fillers);
+    } else if (number != 0) {
+        Fail(number, fillers);
+    }
+}
+
+std::string CompileRun::ModuleName() const {
+    return ErrModule < 0 ? std::string() : IncludeFiles[static_cast<std::size_t>(ErrModule)];
+}
+
+// --- Lines
+// -------------------------------------------------------------------------------------------------------
+
+void CompileRun::ResetCompiler() {
+    IncludeOffset = 0;
+    QuoteErrLine = -1;
+    LineIndex = -2;
+    NextLine();
+}
+
+void CompileRun::NextLine() {
+    if (LineIndex == -1) return;
+    if (LineIndex == -2) LineIndex = -1;
+    ++LineIndex;
+    CharPos = 0;
+    TokenStart = 0;
+    if (static_cast<std::size_t>(LineIndex) == SourceLines.size()) {
+        LineIndex = -1;
+        return;
+    }
+    const SourceLine& line = SourceLines[static_cast<std::size_t>(LineIndex)];
+    if (line.file >= 0) ++IncludeOffset;
+    ErrModule = line.file;
+    ErrLine = line.number;
+    CurrentLine = line.text;
+}
+
+std::int32_t CompileRun::Column() const {
+    if (LineIndex < 0 || static_cast<std::size_t>(LineIndex) >= SourceLines.size()) return 0;
+    const SourceLine& line = SourceLines[static_cast<std::size_t>(LineIndex)];
+    if (line.number != ErrLine || line.file != ErrModule || line.text.data() == nullptr) return 0;
+    return static_cast<std::int32_t>(line.text.data() - line.begin) + static_cast<std::int32_t>(TokenStart) +
+           1;
+}
+
+// --- Labels and code
+// ---------------------------------------------------------------------------------------------
+
+void CompileRun::AddLabel(std::string_view name) {
+    labelIndex_.emplace(name, static_cast<std::int32_t>(Labels.size()));
+    Labels.push_back({name, 0});
+}
+
+std::int32_t CompileRun::LabelNum(std::string_view name) const {
+    const std::int32_t* found = Find(labelIndex_, name);
+    return found == nullptr ? -1 : *found;
+}
+
+std::int16_t CompileRun::Position() {
+    return Narrow<std::int16_t>(LogicBuffer.Size(), "LogCompile");
+}
+
+bool IsLibraryError(const Error& error) {
+    constexpr std::int32_t firstId = 501;
+    constexpr std::int32_t lastId = 5108;
+    return error.Id() >= firstId && error.Id() <= lastId;
+}
+
+}  // namespace zorvex
