@@ -108,7 +108,8 @@ std::int32_t AGICel::CelBMP() {
 
 void AGICel::PaintBitmap() {
     std::uint8_t* out = bitmap_.Bits;
-    for (const AGIColors pixel : AllCelData().Flat()) {
+    const CelPixels pixels = AllCelData();
+    for (const AGIColors pixel : pixels.Flat()) {
         const auto color = static_cast<std::uint32_t>(pixel <= agWhite ? Library().EGARevColor[pixel] : 0);
         for (std::uint32_t shift = 0; shift < 32; shift += 8) {
             *out++ = static_cast<std::uint8_t>(color >> shift & 255);
