@@ -1,7 +1,48 @@
-#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <exception>
+
+#include "tools/zorvex/Command.h"
+#include "tools/zorvex/Commands.h"
+#include "tools/zorvex/Console.h"
+
+namespace {
+
+int RunTool(int argc, char** argv) {
+    using namespace zorvex::tool;
+    CommandLine line;
+    AddAllCommands(line);
+    try {
+        line.App.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        const int status = line.App.exit(error);
+        return status == 0 ? exitDone : exitUsage;
+    }
+    try {
+        const int status = line.Chosen();
+        // Output that could not be written is a failure, whatever the command thought.
+        if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
+            SayError("cannot write to standard output");
+            return exitFailed;
+        }
+        return status;
+    } catch (const UsageError& error) {
+        SayError(error.what());
+        return exitUsage;
+    } catch (const zorvex::Error& error) {
+        SayError(error);
+    } catch (const std::exception& error) {
+        SayError(error.what());
+    }
+    return exitFailed;
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
-    CLI::App app("Opens, shows and edits AGI games.", "zorvex");
-    CLI11_PARSE(app, argc, argv);
-    return 0;
+    try {
+        return RunTool(argc, argv);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "zorvex: error: %s\n", error.what());
+        return zorvex::tool::exitFailed;
+    }
 }

@@ -1,0 +1,114 @@
+#include "tests/support/GameBuilder.h"
+
+#include "zorvex/storage/VolManager.h"
+
+namespace zorvex::test {
+
+ByteArray SmallestLogic() {
+    return {1, 0, 0, 0, 2, 0};
+}
+ByteArray SmallestView() {
+    return {1, 1, 1, 0, 0, 7, 0, 1, 3, 0, 1, 1, 0, 0};
+}
+ByteArray SilentSound() {
+    return {8, 0, 10, 0, 12, 0, 14, 0, 255, 255, 255, 255, 255, 255, 255, 255};
+}
+
+ByteArray CountingBytes(std::size_t count) {
+    ByteArray bytes(count);
+    for (std::size_t i = 0; i < count; ++i)
+        bytes[i] = static_cast<std::uint8_t>(i);
+    return bytes;
+}
+
+namespace {
+
+void AppendWord(ByteArray& bytes, std::size_t value) {
+    bytes.push_back(static_cast<std::uint8_t>(value));
+    bytes.push_back(static_cast<std::uint8_t>(value >> 8U));
+}
+
+void Append(ByteArray& bytes, const ByteArray& more) {
+    bytes.insert(bytes.end(), more.begin(), more.end());
+}
+
+/// The words "a" in group 0 and "anyword" in group 1.
+ByteArray TwoWords() {
+    ByteArray bytes(52);
+    bytes[1] = 52;
+    Append(bytes, {0, 0x1E | 0x80, 0, 0, 1, 'n' ^ 0x7F, 'y' ^ 0x7F, 'w' ^ 0x7F, 'o' ^ 0x7F, 'r' ^ 0x7F,
+                   ('d' ^ 0x7F) | 0x80, 0, 1, 0});
+    return bytes;
+}
+
+}  // namespace
+
+GameBuilder& GameBuilder::Add(AGIResType type, int number, const ByteArray& data, int volume) {
+    ByteArray& bytes = volumes_[volume];
+    Entry(type, number, volume, static_cast<std::int32_t>(bytes.size()));
+    Append(bytes, {0x12, 0x34, static_cast<std::uint8_t>(volume)});
+    AppendWord(bytes, data.size());
+    if (IsV3()) AppendWord(bytes, data.size());
+    Append(bytes, data);
+    return *this;
+}
+
+GameBuilder& GameBuilder::AddStored(AGIResType type, int number, const ByteArray& stored,
+                                    std::size_t expandedSize, bool packedPicture) {
+    ByteArray& bytes = volumes_[0];
+    Entry(type, number, 0, static_cast<std::int32_t>(bytes.size()));
+    Append(bytes, {0x12, 0x34, static_cast<std::uint8_t>(packedPicture ? 0x80 : 0)});
+    AppendWord(bytes, expandedSize);
+    AppendWord(bytes, stored.size());
+    Append(bytes, stored);
+    return *this;
+}
+
+GameBuilder& GameBuilder::Entry(AGIResType type, int number, int volume, std::int32_t location) {
+    ByteArray& directory = directories_[type];
+    const std::size_t at = static_cast<std::size_t>(number) * 3;
+    if (directory.size() < at + 3) directory.resize(at + 3, 255);
+    const DirectoryEntryBytes entry = MakeDirectoryEntry(volume, location);
+    std::copy(entry.begin(), entry.end(), directory.begin() + static_cast<std::ptrdiff_t>(at));
+    return *this;
+}
+
+GameBuilder& GameBuilder::Fill(int volume, std::size_t count, std::uint8_t value) {
+    volumes_[volume].resize(volumes_[volume].size() + count, value);
+    return *this;
+}
+
+std::int32_t GameBuilder::VolumeSize(int volume) const {
+    const auto found = volumes_.find(volume);
+    return found == volumes_.end() ? 0 : static_cast<std::int32_t>(found->second.size());
+}
+
+ByteArray GameBuilder::Directory(AGIResType type) const {
+    const auto ofType = [this](AGIResType wanted) {
+        const ByteArray& bytes = directories_[wanted];
+        return bytes.empty() ? ByteArray{255, 255, 255} : bytes;
+    };
+    if (!IsV3()) return ofType(type);
+    ByteArray file;
+    std::size_t offset = 8;
+    for (const AGIResType each : {rtLogic, rtPicture, rtView, rtSound}) {
+        AppendWord(file, offset);
+        offset += ofType(each).size();
+    }
+    for (const AGIResType each : {rtLogic, rtPicture, rtView, rtSound})
+        Append(file, ofType(each));
+    return file;
+}
+
+void GameBuilder::WriteTo(const TempDir& dir) const {
+    for (const auto& [number, bytes] : volumes_)
+        dir.Write(VolumeName(number, IsV3(), id_), bytes);
+    if (volumes_.empty()) dir.Write(VolumeName(0, IsV3(), id_), ByteArray{});
+    for (const AGIResType type : {rtLogic, rtPicture, rtSound, rtView}) {
+        dir.Write(DirectoryFileName(type, IsV3(), id_), Directory(type));
+    }
+    dir.Write("WORDS.TOK", TwoWords());
+    dir.Write("OBJECT", ByteArray{3, 0, 16, 3, 0, 0, '?', 0});
+}
+
+}  // namespace zorvex::test

@@ -1,0 +1,56 @@
+// Small games for tests, written as files.
+//
+//     GameBuilder game;                                   // V2; GameBuilder("TST") makes a V3 game of that
+//     ID game.Add(rtLogic, 0, SmallestLogic()); game.Add(rtPicture, 5, {0xFF}, 1);                  // in
+//     volume 1 game.WriteTo(dir);
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <map>
+#include <string>
+
+#include "tests/support/TestFiles.h"
+#include "zorvex/game/Types.h"
+
+namespace zorvex::test {
+
+/// One "return" and an empty message section.
+ByteArray SmallestLogic();
+/// One loop with one cel of one pixel.
+ByteArray SmallestView();
+/// A four-voice sound without notes.
+ByteArray SilentSound();
+/// The bytes 0, 1, 2 and so on.
+ByteArray CountingBytes(std::size_t count);
+
+class GameBuilder {
+  public:
+    explicit GameBuilder(std::string v3ID = {}) : id_(std::move(v3ID)) {}
+
+    /// Appends a resource to a volume and points its entry there.
+    GameBuilder& Add(AGIResType type, int number, const ByteArray& data, int volume = 0);
+    /// Appends a resource as a V3 game stores it compressed: another stored form and the size that it expands
+    /// to.
+    GameBuilder& AddStored(AGIResType type, int number, const ByteArray& stored, std::size_t expandedSize,
+                           bool packedPicture = false);
+    /// Sets an entry of a directory, whatever it points at.
+    GameBuilder& Entry(AGIResType type, int number, int volume, std::int32_t location);
+    /// Appends plain bytes to a volume.
+    GameBuilder& Fill(int volume, std::size_t count, std::uint8_t value = 0);
+    std::int32_t VolumeSize(int volume) const;
+
+    /// A directory file's bytes: of a type in V2, the one file in V3.
+    ByteArray Directory(AGIResType type) const;
+    /// Writes all files of the game, with a vocabulary of two words and an inventory of one item.
+    void WriteTo(const TempDir& dir) const;
+
+  private:
+    bool IsV3() const { return !id_.empty(); }
+
+    std::string id_;
+    std::map<int, ByteArray> volumes_;
+    std::array<ByteArray, 4> directories_;
+};
+
+}  // namespace zorvex::test

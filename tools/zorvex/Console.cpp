@@ -1,0 +1,104 @@
+#include "tools/zorvex/Console.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <vector>
+
+#include "zorvex/game/Text.h"
+#include "zorvex/platform/FileSystem.h"
+
+namespace zorvex::tool {
+
+namespace {
+
+struct ScratchName {
+    std::string scratch;
+    std::string original;
+};
+
+std::vector<ScratchName>& ScratchNames() {
+    static std::vector<ScratchName> names;
+    return names;
+}
+
+void Say(std::string_view kind, std::string_view text) {
+    const std::string line = "zorvex: " + std::string(kind) + ShownText(text) + "\n";
+    std::fflush(stdout);
+    std::fwrite(line.data(), 1, line.size(), stderr);
+}
+
+}  // namespace
+
+std::int32_t ShownNumber(const Error& error) {
+    return error.Id() > 0 && error.Id() < 6000 ? error.Id() : error.Number();
+}
+
+void SayError(const Error& error) {
+    Say("error " + std::to_string(ShownNumber(error)) + ": ", error.Description());
+}
+
+void SayError(std::string_view what, const Error& error) {
+    Say(std::string(what) + ": error " + std::to_string(ShownNumber(error)) + ": ", error.Description());
+}
+
+void SayError(std::string_view text) {
+    Say("error: ", text);
+}
+void SayWarning(std::string_view text) {
+    Say("warning: ", text);
+}
+void SayNote(std::string_view text) {
+    Say("", text);
+}
+
+void ShowScratchAs(std::string_view scratch, std::string_view original) {
+    ScratchNames().push_back({std::string(scratch), std::string(original)});
+}
+
+std::string ShownText(std::string_view text) {
+    std::string shown(text);
+    for (const ScratchName& name : ScratchNames()) {
+        const std::string inner = InnerPath(name.scratch);
+        for (std::size_t at = shown.find(inner); at != std::string::npos; at = shown.find(inner, at + 1)) {
+            // The rest of the path, up to a character that ends it, gets the system's separators too.
+            std::size_t end = at + inner.size();
+            while (end < shown.size() &&
+                   std::string_view(" '\")(:,").find(shown[end]) == std::string_view::npos)
+                ++end;
+            std::string rest = shown.substr(at + inner.size(), end - at - inner.size());
+            std::replace(rest.begin(), rest.end(), '\\', '/');
+            shown.replace(at, end - at, name.original + rest);
+        }
+        shown = ReplaceAll(shown, name.scratch, name.original);
+    }
+    return shown;
+}
+
+// --- Progress
+// ------------------------------------------------------------------------------------------------------
+
+Progress::Progress(std::string title, std::size_t total)
+    : title_(std::move(title)), total_(total), onTerminal_(isatty(STDERR_FILENO) == 1) {}
+
+Progress::~Progress() {
+    if (shown_) std::fputs("\r\033[K", stderr);
+}
+
+void Progress::Show(std::size_t done, std::string_view at) {
+    if (!onTerminal_) return;
+    constexpr std::size_t width = 30;
+    std::string line = "\r\033[K" + title_ + " ";
+    if (total_ > 0) {
+        const std::size_t filled = std::min(width, done * width / total_);
+        line += "[" + std::string(filled, '#') + std::string(width - filled, '.') + "] ";
+        line += std::to_string(done) + "/" + std::to_string(total_) + " ";
+    }
+    line += at;
+    std::fwrite(line.data(), 1, line.size(), stderr);
+    std::fflush(stderr);
+    shown_ = true;
+}
+
+}  // namespace zorvex::tool

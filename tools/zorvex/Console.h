@@ -1,0 +1,49 @@
+// What the tool says to a person: diagnostics and progress, on standard error.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "zorvex/game/Error.h"
+
+namespace zorvex::tool {
+
+/// Prints "zorvex: error <id>: <description>". The id of a catalogue error, or the number of a plain one.
+void SayError(const Error& error);
+/// As SayError, for one of several things: "zorvex: <what>: error <id>: <description>".
+void SayError(std::string_view what, const Error& error);
+/// Prints "zorvex: error: <text>".
+void SayError(std::string_view text);
+/// Prints "zorvex: warning: <text>".
+void SayWarning(std::string_view text);
+/// Prints "zorvex: <text>".
+void SayNote(std::string_view text);
+
+/// The id of a catalogue error, or the number of a plain one.
+std::int32_t ShownNumber(const Error& error);
+/// A text of the library as a person should see it: paths of a scratch copy as the paths of the game it
+/// stands for, with the system's own separators.
+std::string ShownText(std::string_view text);
+/// From now on ShownText gives paths in `scratch` as paths in `original`.
+void ShowScratchAs(std::string_view scratch, std::string_view original);
+
+/// A line of progress on a terminal; nothing where standard error is none.
+class Progress {
+  public:
+    /// `total` 0 means that the end is not known.
+    Progress(std::string title, std::size_t total);
+    ~Progress();
+    Progress(const Progress&) = delete;
+    Progress& operator=(const Progress&) = delete;
+
+    /// Shows that `done` steps are done, and what is at hand.
+    void Show(std::size_t done, std::string_view at = {});
+
+  private:
+    std::string title_;
+    std::size_t total_;
+    bool shown_ = false;
+    bool onTerminal_;
+};
+
+}  // namespace zorvex::tool

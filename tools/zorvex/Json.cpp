@@ -1,0 +1,24 @@
+#include "tools/zorvex/Json.h"
+
+#include <cstdio>
+
+#include "tools/zorvex/Console.h"
+
+namespace zorvex::tool {
+
+std::string JsonText(const Json& value) {
+    return value.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+void PrintJson(const Json& value) {
+    const std::string text = JsonText(value);
+    std::fwrite(text.data(), 1, text.size(), stdout);
+}
+
+Json JsonOf(const Error& error) {
+    return {{"number", ShownNumber(error)},
+            {"source", error.Source()},
+            {"description", ShownText(error.Description())}};
+}
+
+}  // namespace zorvex::tool

@@ -1,0 +1,192 @@
+#include "zorvex/storage/ExtractResources.h"
+
+#include <array>
+#include <optional>
+
+#include "zorvex/game/AGIGameEvents.h"
+#include "zorvex/game/Faults.h"
+#include "zorvex/game/GameProperties.h"
+#include "zorvex/game/Helpers.h"
+#include "zorvex/game/LibraryState.h"
+#include "zorvex/platform/FileSystem.h"
+#include "zorvex/platform/WholeFile.h"
+#include "zorvex/storage/ResourceCollection.h"
+#include "zorvex/storage/V3Directory.h"
+#include "zorvex/storage/VolManager.h"
+
+namespace zorvex {
+
+namespace {
+
+constexpr std::string_view errorSource = "ResourceFunctions.ExtractResources";
+constexpr std::size_t entryLength = 3;
+constexpr std::size_t maxEntries = 256;
+constexpr std::size_t minV3Directory = 11;
+constexpr std::int32_t plainDirectoryError = 511;
+
+/// What a warning for a resource that could not be registered says after the resource's name: the parts
+/// around one varying text, which is the error's description, the location or the volume's name.
+enum class Detail : std::uint8_t { None, Description, Location, Volume };
+struct SkipReason {
+    std::int32_t id;
+    std::string_view before;
+    Detail detail;
+    std::string_view after;
+};
+
+constexpr std::array skipReasons{
+    SkipReason{502, " was skipped due to file access error (", Detail::Description, ")"},
+    SkipReason{505, " was skipped because it's location (", Detail::Location, ") is invalid."},
+    SkipReason{506, " was skipped because it does not have a valid resource header", Detail::None, ""},
+    SkipReason{507, " was skipped due to resource data error (", Detail::Description, ")"},
+    SkipReason{511, " was skipped because it has already been loaded", Detail::None, ""},
+    SkipReason{606, " was skipped because it's VOL file (", Detail::Volume, ") is missing."},
+    SkipReason{646, " was skipped due to an error while loading (", Detail::Description, ")"},
+    SkipReason{648, " was skipped due to an error while loading (", Detail::Description, ")"},
+    SkipReason{650, " was skipped due to an error while loading (", Detail::Description, ")"},
+    SkipReason{652, " was skipped due to an error while loading (", Detail::Description, ")"},
+};
+
+struct Entry {
+    std::string name;
+    std::int32_t volume;
+    std::int32_t location;
+};
+
+std::string SkipText(const SkipReason& reason, const Entry& entry, const Error& error) {
+    const std::string volume = JustFileName(VolumePath(entry.volume));
+    std::string detail;
+    switch (reason.detail) {
+        case Detail::None: break;
+        case Detail::Description: detail = error.Description(); break;
+        case Detail::Location: detail = std::to_string(entry.location) + ") in the VOL file(" + volume; break;
+        case Detail::Volume: detail = volume; break;
+    }
+    return entry.name + std::string(reason.before) + detail + std::string(reason.after);
+}
+
+void RaiseLoadStatus(AGIResType type, std::size_t number) {
+    if (const auto& events = Library().Events) {
+        events->LoadStatus.Raise(lsResources, type, static_cast<std::uint8_t>(number), "");
+    }
+}
+
+/// One pass over the directory files of a game.
+class Extraction {
+  public:
+    bool Run() {
+        RaiseLoadStatus(rtNone, 0);
+        const bool isV3 = Library().IsV3;
+        std::string path;
+        ByteArray file;
+        if (isV3) {
+            path = Library().GameDir + DirectoryFileName(rtLogic, true, Library().GameID);
+            file = ReadDirectoryFile(path);
+            if (file.size() < minV3Directory) RaiseCatalogue(542, errorSource, path);
+        }
+        for (const AGIResType type : {rtLogic, rtPicture, rtSound, rtView}) {
+            if (!isV3) {
+                path = Library().GameDir + DirectoryFileName(type, false, "");
+                file = ReadDirectoryFile(path);
+                if (file.empty()) {
+                    RaiseText(plainDirectoryError, errorSource, JustFileName(path) + " file is invalid");
+                }
+            }
+            ReadDirectory(file, type, path);
+            if (!isV3) SaveIfDirty(path, file);
+        }
+        SaveIfDirty(path, file);
+        return warnings_;
+    }
+
+  private:
+    static ByteArray ReadDirectoryFile(const std::string& path) {
+        if (!FileExists(path)) RaiseCatalogue(524, errorSource, path);
+        ByteArray bytes;
+        if (const auto error = Attempt([&] { bytes = Files().Read(path); })) {
+            RaiseText(plainDirectoryError, errorSource,
+                      CatalogueText(502, {std::to_string(error->Number()), path}));
+        }
+        return bytes;
+    }
+
+    static DirectoryRange RangeOf(const ByteArray& file, AGIResType type, const std::string& path) {
+        const auto length = static_cast<std::int32_t>(file.size());
+        const DirectoryRange range =
+            Library().IsV3 ? V3DirectoryRange(file, type) : DirectoryRange{0, length};
+        const std::int32_t size = range.end - range.start;
+        if (size < 0 || (size >= static_cast<std::int32_t>(entryLength) && range.end > length)) {
+            RaiseCatalogue(542, errorSource, path);
+        }
+        return range;
+    }
+
+    void ReadDirectory(ByteArray& file, AGIResType type, const std::string& path) {
+        const DirectoryRange range = RangeOf(file, type, path);
+        std::size_t count = static_cast<std::size_t>(range.end - range.start) / entryLength;
+        if (range.end - range.start > static_cast<std::int32_t>(maxEntries * entryLength)) {
+            count = maxEntries;
+            Warn(std::string(ResTypeAbbrev[type]) +
+                 (Library().IsV3 ? " portion of DIR file is larger than expected; it may be corrupted"
+                                 : "DIR file is larger than expected; it may be corrupted"));
+        }
+        for (std::size_t number = 0; number < count; ++number) {
+            RaiseLoadStatus(type, number);
+            const std::size_t at = static_cast<std::size_t>(range.start) + number * entryLength;
+            RegisterEntry(std::span(file).subspan(at).first<entryLength>(), type, number);
+        }
+    }
+
+    void RegisterEntry(std::span<std::uint8_t, entryLength> bytes, AGIResType type, std::size_t number) {
+        if (bytes[0] == 255) return;
+        const Entry entry{std::string(ResTypeNames[type]) + std::to_string(number), bytes[0] >> 4,
+                          (bytes[0] & 15) * 65536 + bytes[1] * 256 + bytes[2]};
+        ResourceCollectionBase& collection = *CollectionOf(type);
+        const auto index = static_cast<std::uint8_t>(number);
+        if (const auto error = Attempt([&] { collection.LoadEntry(index, entry.volume, entry.location); })) {
+            WarnOfSkipped(entry, *error);
+        }
+        if (const auto member = collection.Find(index)) {
+            member->DataDirty(false);
+            member->WritePropState(false);
+        } else {
+            bytes[0] = bytes[1] = bytes[2] = 255;
+            dirty_ = true;
+        }
+    }
+
+    void WarnOfSkipped(const Entry& entry, const Error& error) {
+        for (const SkipReason& reason : skipReasons) {
+            if (!error.Is(reason.id)) continue;
+            Warn(SkipText(reason, entry, error));
+            return;
+        }
+        RaiseText(ObjectErrorBase + 545, error.Source(), CatalogueText(545, {error.NumberAndText()}));
+    }
+
+    void Warn(std::string_view text) {
+        warnings_ = true;
+        WriteLogEntry(0, text);
+    }
+
+    void SaveIfDirty(const std::string& path, const ByteArray& file) {
+        if (!dirty_) return;
+        dirty_ = false;
+        // A copy is set aside instead of the file itself, so that there is a directory file at every moment.
+        const std::string backup = path + ".OLD";
+        Attempt([&] { Files().Remove(backup); });
+        Attempt([&] { Files().Copy(path, backup); });
+        ReplaceWholeFile(path, file);
+    }
+
+    bool warnings_ = false;
+    bool dirty_ = false;
+};
+
+}  // namespace
+
+bool ExtractResources() {
+    return Extraction().Run();
+}
+
+}  // namespace zorvex
