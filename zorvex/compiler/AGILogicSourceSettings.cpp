@@ -1,5 +1,6 @@
 #include "zorvex/compiler/AGILogicSourceSettings.h"
 
+#include <algorithm>
 #include <array>
 
 #include "zorvex/compiler/AGICommandFunctions.h"

@@ -1,5 +1,6 @@
 #include "zorvex/logic/DecodeRun.h"
 
+#include <utility>
 #include <charconv>
 
 #include "zorvex/game/Error.h"

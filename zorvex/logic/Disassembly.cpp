@@ -1,5 +1,6 @@
 #include "zorvex/logic/Disassembly.h"
 
+#include <utility>
 #include <algorithm>
 #include <string_view>
 

@@ -1,5 +1,6 @@
 #include "zorvex/logic/MessageSection.h"
 
+#include <utility>
 #include <algorithm>
 #include <string_view>
 #include <vector>

@@ -1,5 +1,7 @@
 #include "zorvex/sound/SoundScript.h"
 
+#include <algorithm>
+
 #include "zorvex/game/Text.h"
 
 namespace zorvex {

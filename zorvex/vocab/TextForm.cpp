@@ -1,5 +1,7 @@
 #include "zorvex/vocab/TextForm.h"
 
+#include <algorithm>
+
 #include <array>
 
 #include "zorvex/game/LibraryState.h"
