@@ -7,7 +7,7 @@ namespace zorvex {
 
 namespace {
 
-constexpr std::array<std::string_view, 9> errorTexts{
+constexpr std::array<std::string_view, 10> errorTexts{
     "No error",
     "The player does not know the command",
     "The player does not know this type of device",
@@ -15,6 +15,7 @@ constexpr std::array<std::string_view, 9> errorTexts{
     "The file with the sound cannot be read",
     "No audio device can be opened",
     "No SoundFont was found to play MIDI with; install one or name its file in ZORVEX_SOUNDFONT",
+    "The file named as SoundFont is none",
     "The player cannot read the sound",
     "The player cannot start the sound",
 };
@@ -42,8 +43,8 @@ std::int32_t FilePlayer::SendString(std::string_view command, const std::shared_
 std::string FilePlayer::ErrorText(std::int32_t code) const {
     if (code < 0 || std::cmp_greater_equal(code, errorTexts.size())) return "Unknown error";
     std::string text(errorTexts[static_cast<std::size_t>(code)]);
-    if ((code == meNoAudio || code == meFormat || code == mePlay) && !detail_.empty())
-        text += " (" + detail_ + ")";
+    const bool hasDetail = code == meNoAudio || code == meBadSoundFont || code == meFormat || code == mePlay;
+    if (hasDetail && !detail_.empty()) text += " (" + detail_ + ")";
     return text;
 }
 

@@ -20,8 +20,9 @@ enum MediaError : std::int32_t {
     meFile = 4,
     meNoAudio = 5,
     meNoSoundFont = 6,
-    meFormat = 7,
-    mePlay = 8
+    meBadSoundFont = 7,
+    meFormat = 8,
+    mePlay = 9
 };
 
 /// Takes the command strings apart and leaves opening, playing and closing one file to the player proper.

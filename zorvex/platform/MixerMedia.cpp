@@ -7,6 +7,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 
 #include "zorvex/platform/FileSystem.h"
 
@@ -34,13 +35,17 @@ fs::path FirstSoundFont(const fs::path& directory) {
     return first;
 }
 
-// A SoundFont's path, or an empty text. A name in the environment holds also when there is no such file: that
-// is for the user to hear of, and not to be passed over for another.
-std::string FindSoundFont() {
+// The file that the environment names, whether it is there or not: that is for the user to hear of, and not
+// to be passed over for another.
+std::string NamedSoundFont() {
     for (const char* variable : {"ZORVEX_SOUNDFONT", "SDL_SOUNDFONTS"}) {
         const char* value = std::getenv(variable);
-        if (value != nullptr && *value != '\0') return IsFile(value) ? value : "";
+        if (value != nullptr && *value != '\0') return value;
     }
+    return {};
+}
+
+std::string InstalledSoundFont() {
     for (const char* directory : {"/usr/share/sounds/sf2", "/usr/share/sounds/sf3", "/usr/share/soundfonts",
                                   "/usr/local/share/soundfonts", "/usr/local/share/sounds/sf2"}) {
         const fs::path usual = fs::path(directory) / "default-GM.sf2";
@@ -48,6 +53,15 @@ std::string FindSoundFont() {
         if (const fs::path first = FirstSoundFont(directory); !first.empty()) return first.string();
     }
     return {};
+}
+
+// The synthesizer takes any file and then plays nothing, so the look inside is ours.
+bool IsSoundFont(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::array<char, 12> head{};
+    file.read(head.data(), head.size());
+    const std::string_view text(head.data(), head.size());
+    return file.good() && text.starts_with("RIFF") && text.ends_with("sfbk");
 }
 
 // Holds the audio device only while a file is open, so that an idle host keeps no device from other programs.
@@ -58,8 +72,13 @@ class MixerMedia : public FilePlayer {
   protected:
     MediaError OpenFile(const std::string& path, Device device) override {
         const bool isMidi = device == Device::Sequencer;
-        const std::string soundFont = isMidi ? FindSoundFont() : std::string();
-        if (isMidi && soundFont.empty()) return meNoSoundFont;
+        std::string soundFont;
+        if (isMidi) {
+            soundFont = NamedSoundFont();
+            if (soundFont.empty()) soundFont = InstalledSoundFont();
+            if (soundFont.empty()) return meNoSoundFont;
+            if (!IsSoundFont(soundFont)) return Fail(meBadSoundFont, soundFont);
+        }
         SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");  // an interrupt is the host's to handle
         if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) return Fail(meNoAudio, SDL_GetError());
         audio_ = true;

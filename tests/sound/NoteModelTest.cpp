@@ -1,0 +1,137 @@
+#include "tests/sound/SoundSupport.h"
+
+namespace zorvex::test {
+namespace {
+
+TEST(Note, KeepsItsValueWhenItRefusesAnother) {
+    AGINote note;
+    note.FreqDivisor(1023);
+    note.Duration(65535);
+    note.Attenuation(15);
+    for (const std::int32_t bad : {-1, 1024, 40000, 70000})
+        EXPECT_EQ(RaisedId([&] { note.FreqDivisor(bad); }), 6);
+    for (const std::int32_t bad : {-1, 65536})
+        EXPECT_EQ(RaisedId([&] { note.Duration(bad); }), 6);
+    for (const std::int32_t bad : {-1, 16})
+        EXPECT_EQ(RaisedText([&] { note.Attenuation(bad); }), "Overflow");
+    EXPECT_EQ(note.FreqDivisor(), 1023);
+    EXPECT_EQ(note.Duration(), 65535);
+    EXPECT_EQ(note.Attenuation(), 15);
+}
+
+TEST(Notes, AddInsertsWherePossibleAndPassesOverWhatANoteRefuses) {
+    AGINotes notes;
+    notes.Add(1, 1, 1);
+    notes.Add(2, 2, 2, 1);  // the count: at the end
+    notes.Add(3, 3, 3, 0);
+    notes.Add(4, 4, 4, 2);
+    notes.Add(5, 5, 5, 99);
+    std::string order;
+    for (const auto& note : notes)
+        order += std::to_string(note->FreqDivisor());
+    EXPECT_EQ(order, "31425");
+
+    const auto odd = notes.Add(2000, 70000, 7);
+    EXPECT_EQ(odd->FreqDivisor(), 0);
+    EXPECT_EQ(odd->Duration(), 0);
+    EXPECT_EQ(odd->Attenuation(), 7);
+    EXPECT_EQ(notes.Count(), 6);
+
+    notes.Remove(5);
+    EXPECT_EQ(RaisedText([&] { notes.Item(5); }), "Subscript out of range");
+    EXPECT_EQ(RaisedId([&] { notes.Item(-1); }), 9);
+    EXPECT_EQ(RaisedId([&] { notes.Remove(5); }), 9);
+}
+
+/// What a change must leave behind.
+struct Change {
+    const char* name;
+    std::function<void(AGISound&)> step;
+    bool dirtyData;
+    bool dirtySettings;
+    bool newOutput;
+};
+
+TEST(Sound, EachChangeMarksWhatDependsOnIt) {
+    const Change changes[] = {
+        {"duration", [](AGISound& s) { s.Track(0)->Notes()->Item(0)->Duration(90); }, true, false, true},
+        {"divisor", [](AGISound& s) { s.Track(0)->Notes()->Item(0)->FreqDivisor(5); }, true, false, true},
+        {"attenuation", [](AGISound& s) { s.Track(3)->Notes()->Item(0)->Attenuation(9); }, true, false, true},
+        {"add", [](AGISound& s) { s.Track(1)->Notes()->Add(9, 9, 9); }, true, false, true},
+        {"clear", [](AGISound& s) { s.Track(0)->Notes()->Clear(); }, true, false, true},
+        {"mute", [](AGISound& s) { s.Track(0)->Muted(true); }, false, true, true},
+        {"instrument", [](AGISound& s) { s.Track(0)->Instrument(3); }, false, true, true},
+        {"visible", [](AGISound& s) { s.Track(0)->Visible(false); }, false, true, false},
+        {"key", [](AGISound& s) { s.Key(-7); }, false, true, false},
+        {"same values", [](AGISound& s) { s.Track(0)->Muted(false), s.Track(0)->Instrument(80), s.Key(0); },
+         false, false, false},
+    };
+    for (const Change& change : changes) {
+        SCOPED_TRACE(change.name);
+        AGISound sound;
+        LoadBytes(sound, "08 00 0F 00 11 00 13 00 1E 00 0B 8E 90 FF FF FF FF FF FF 3C 00 00 E5 F1 FF FF");
+        const ByteArray before = sound.MIDIData();
+        EXPECT_EQ(sound.Length(), 1.0F);
+        change.step(sound);
+        EXPECT_EQ(sound.DataDirty(), change.dirtyData);
+        EXPECT_EQ(sound.WritePropState(), change.dirtySettings);
+        EXPECT_EQ(sound.IsDirty(), change.dirtyData || change.dirtySettings);
+        EXPECT_EQ(sound.MIDIData() != before, change.newOutput);
+    }
+}
+
+TEST(Sound, LengthCountsMutedTracksOnlyAsLongAsNothingChanged) {
+    OpenPropertyList properties;
+    Library().PropertyList->Assign("test.zvg\n[Sound12]\n   ID = Bell\n   Mute0 = True\n   Inst1 = 200\n",
+                                   "\n");
+    AGISound sound;
+    sound.InitInGame(12, -1, -1);
+    LoadBytes(sound, "08 00 0F 00 16 00 18 00 78 00 0B 8E 90 FF FF 3C 00 0B AE B0 FF FF FF FF FF FF");
+    EXPECT_EQ(sound.Length(), 2.0F);
+    EXPECT_EQ(sound.Track(0)->Length(), 2.0F);
+    EXPECT_EQ(sound.Track(1)->Instrument(), 80);
+    sound.Track(2)->Visible(false);
+    EXPECT_EQ(sound.Length(), 1.0F);
+    sound.Track(1)->Muted(true);
+    EXPECT_EQ(sound.Length(), 0.0F);
+    sound.Track(0)->Notes()->Item(0)->Duration(6);
+    EXPECT_EQ(sound.Track(0)->Length(), 0.1F);
+}
+
+TEST(Sound, ANoteThatLeftItsSoundTellsNobody) {
+    AGISound sound;
+    const auto track = sound.Track(0);
+    const auto note = track->Notes()->Add(100, 10, 0);
+    track->Notes()->Remove(0);
+    sound.DataDirty(false);
+    note->Duration(20);
+    EXPECT_FALSE(sound.IsDirty());
+    sound.Load();
+    track->Notes()->Add(1, 1, 1);
+    track->Muted(true);
+    EXPECT_FALSE(sound.IsDirty());
+    const auto orphan = std::make_shared<AGITrack>()->Notes()->Add(1, 60, 1);
+    orphan->Duration(30);
+}
+
+TEST(Sound, SettersRefuseAndRound) {
+    AGISound sound;
+    EXPECT_EQ(RaisedText([&] { sound.Key(8); }), "Invalid property Value");
+    EXPECT_EQ(RaisedId([&] { sound.Key(-8); }), 380);
+    sound.TPQN(18);
+    EXPECT_EQ(sound.TPQN(), 16);
+    EXPECT_FALSE(sound.IsDirty());
+    for (const std::int32_t bad : {70, 68, 3, 0, -8})
+        EXPECT_EQ(RaisedId([&] { sound.TPQN(bad); }), 380);
+    sound.TPQN(67);
+    EXPECT_EQ(sound.TPQN(), 64);
+    EXPECT_EQ(RaisedId([&] { sound.Track(0)->Instrument(128); }), 380);
+    EXPECT_EQ(RaisedId([&] { sound.Track(0)->Instrument(300); }), 6);
+    EXPECT_EQ(RaisedText([&] { sound.Track(4); }), "Index out of bounds");
+    sound.Description("A Bell");
+    sound.Description("a bell");
+    EXPECT_EQ(sound.Description(), "A Bell");
+}
+
+}  // namespace
+}  // namespace zorvex::test

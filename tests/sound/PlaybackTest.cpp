@@ -1,0 +1,182 @@
+#include "tests/sound/SoundSupport.h"
+#include "tests/support/MemoryFileSystem.h"
+#include "zorvex/sound/SndSubclass.h"
+
+namespace zorvex::test {
+namespace {
+
+using std::chrono::milliseconds;
+
+/// A recording player and files in memory, in use for the time of the test, and what a sound has told.
+class Playback : public ::testing::Test {
+  protected:
+    Playback() : before_(UseMedia(media)) {
+        sound->ID("My Sound 1");
+        sound->Track(0)->Notes()->Add(190, 30, 0);
+        subscription_ = sound->SoundComplete.Subscribe([this](bool noError) {
+            told.push_back(noError);
+            if (onComplete) onComplete();
+        });
+    }
+    ~Playback() override {
+        sound.reset();
+        UseMedia(before_);
+    }
+
+    static void Post(std::int32_t first) {
+        MainNoticeWindow()->Post({MediaNotice, first, 0});
+        PumpNotices();
+    }
+
+    MemoryFiles files;
+    std::shared_ptr<RecordingMedia> media = std::make_shared<RecordingMedia>();
+    std::shared_ptr<AGISound> sound = std::make_shared<AGISound>();
+    std::vector<bool> told;
+    std::function<void()> onComplete;
+
+  private:
+    std::shared_ptr<Media> before_;
+    Subscription subscription_;
+};
+
+TEST_F(Playback, SendsItsCommandsAndHearsOfTheEnd) {
+    sound->PlaySound();
+    ASSERT_EQ(media->Commands.size(), 2U);
+    EXPECT_EQ(media->Commands[0], "open " + media->File + " type sequencer alias My_Sound_1");
+    EXPECT_EQ(media->Commands[1], "play My_Sound_1 notify");
+    EXPECT_TRUE(media->HasCallback);
+    EXPECT_EQ(media->FileBytes, sound->MIDIData());
+
+    AGISound other;
+    EXPECT_EQ(RaisedText([&] { other.PlaySound(); }),
+              "Can't play this sound because another sound is already playing.");
+    EXPECT_EQ(media->Commands.size(), 2U);
+
+    onComplete = [&] { EXPECT_EQ(RaisedId([&] { other.PlaySound(); }), 629); };
+    Post(NoticeSuccessful);
+    EXPECT_EQ(media->Commands.back(), "close all");
+    EXPECT_EQ(told, std::vector<bool>{true});
+    EXPECT_TRUE(files->All().empty());
+    Post(NoticeSuccessful);  // nothing plays, so nobody is told
+    EXPECT_EQ(told.size(), 1U);
+
+    onComplete = nullptr;
+    sound->PlaySound();
+    Post(NoticeFailure);
+    EXPECT_EQ(told, (std::vector<bool>{true, false}));
+}
+
+TEST_F(Playback, AFaultOfAHandlerDoesNotBlockTheNextSound) {
+    sound->PlaySound();
+    onComplete = [] { RaiseRuntime(reOverflow); };
+    Post(NoticeSuccessful);
+    onComplete = nullptr;
+    sound->PlaySound();
+    sound->StopSound();
+}
+
+TEST_F(Playback, StopsWithoutTellingAnybody) {
+    sound->StopSound();
+    EXPECT_TRUE(media->Commands.empty());
+    sound->PlaySound();
+    AGISound other;
+    other.StopSound();
+    EXPECT_EQ(media->Commands.back(), "close all");
+    Post(4);
+    EXPECT_TRUE(told.empty());
+    EXPECT_TRUE(files->All().empty());
+    sound->PlaySound();
+    sound.reset();
+    EXPECT_EQ(media->Commands.back(), "close all");
+    EXPECT_EQ(PresentSoundPlayer(), nullptr);
+}
+
+TEST_F(Playback, SendsEachKindToItsDevice) {
+    AGISound sample;
+    LoadBytes(sample, "01 00 00 *60");
+    sample.PlaySound();
+    EXPECT_NE(media->Commands.front().find(" type waveaudio alias NewSound"), std::string::npos);
+    sample.StopSound();
+    media->Commands.clear();
+    AGISound sequence;
+    LoadBytes(sequence, "02 00 FC");
+    sequence.PlaySound();
+    EXPECT_NE(media->Commands.front().find(" type sequencer "), std::string::npos);
+}
+
+TEST_F(Playback, AFailedStartLeavesNothingPlaying) {
+    media->Fail["open"] = 7;
+    const auto opened = Raised([&] { sound->PlaySound(); });
+    ASSERT_TRUE(opened);
+    EXPECT_EQ(opened->Id(), 678);
+    EXPECT_EQ(opened->Source(), "SndSubclass");
+    EXPECT_EQ(opened->Description(), "device trouble 7");
+    EXPECT_EQ(media->Commands.size(), 1U);
+
+    media->Fail = {{"play", 9}};
+    const auto played = Raised([&] { sound->PlaySound(); });
+    ASSERT_TRUE(played);
+    EXPECT_EQ(played->Id(), 628);
+    EXPECT_EQ(played->Description(), "PlaySound error: device trouble 9");
+    EXPECT_EQ(media->Commands.back(), "close all");
+
+    media->Fail.clear();
+    sound->PlaySound();
+    EXPECT_TRUE(told.empty());
+}
+
+TEST_F(Playback, ASoundOfAGamePlaysOnWhenTheGameCloses) {
+    const OpenPropertyList game;
+    sound->Resource().Init(3, -1, -1);
+    sound->PlaySound();
+    const std::weak_ptr<AGISound> watched = sound;
+    sound.reset();
+    Library().Sounds->ClearCollection();
+    EXPECT_FALSE(watched.expired());
+    Post(NoticeSuccessful);
+    EXPECT_EQ(told, std::vector<bool>{true});
+    EXPECT_TRUE(watched.expired());
+}
+
+TEST(SilentMedia, TakesAsLongAsTheSound) {
+    const auto before = UseMedia(MakeSilentMedia());
+    AGISound sound;
+    LoadBytes(sound, "02 00 06 90 3C 7F 03 80 3C 00 FC");  // 9 ticks
+    std::vector<bool> told;
+    const auto subscription = sound.SoundComplete.Subscribe([&](bool noError) { told.push_back(noError); });
+    const auto start = std::chrono::steady_clock::now();
+    sound.PlaySound();
+    EXPECT_EQ(PumpNotices(), 0);
+    EXPECT_EQ(PumpNotices(milliseconds(5000)), 1);
+    const auto taken = std::chrono::steady_clock::now() - start;
+    EXPECT_GE(taken, milliseconds(150));
+    EXPECT_EQ(told, std::vector<bool>{true});
+    sound.PlaySound();
+    sound.StopSound();
+    EXPECT_EQ(PumpNotices(milliseconds(200)), 0);
+    UseMedia(before);
+}
+
+TEST(SilentMedia, TellsWhatItCannotDo) {
+    const TempDir dir;
+    const auto media = MakeSilentMedia();
+    const auto code = [&](const std::string& command) {
+        const std::int32_t sent = media->SendString(command, nullptr);
+        EXPECT_EQ(sent == 0, media->ErrorText(sent) == "No error");
+        return sent;
+    };
+    dir.Write("a file type x.mid", BytesOfText("\"MThd\" 00 00"));
+    const std::string path = dir.File("a file type x.mid");
+    EXPECT_NE(code("open " + path + " type tape alias a"), 0);
+    EXPECT_NE(code("open " + dir.File("missing") + " type sequencer alias a"), 0);
+    EXPECT_NE(code("open"), 0);
+    EXPECT_NE(code("play a notify"), 0);
+    EXPECT_NE(code("rewind a"), 0);
+    EXPECT_EQ(code("open " + path + " type sequencer alias a"), 0);
+    EXPECT_EQ(code("play A notify"), 0);
+    EXPECT_EQ(code("close all"), 0);
+    EXPECT_NE(code("play a"), 0);
+}
+
+}  // namespace
+}  // namespace zorvex::test

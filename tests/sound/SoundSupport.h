@@ -1,0 +1,85 @@
+// Sounds from a few words each.
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tests/support/CaseFile.h"
+#include "tests/support/Errors.h"
+#include "tests/support/TestFiles.h"
+#include "zorvex/game/LibraryState.h"
+#include "zorvex/logic/StringList.h"
+#include "zorvex/platform/FileSystem.h"
+#include "zorvex/platform/Media.h"
+#include "zorvex/sound/AGISounds.h"
+#include "zorvex/sound/SoundData.h"
+
+namespace zorvex::test {
+
+/// Gives a sound these bytes and loads it.
+inline void LoadBytes(AGISound& sound, const ByteArray& bytes) {
+    sound.Resource().SetAllData(bytes);
+    sound.Load();
+}
+inline void LoadBytes(AGISound& sound, std::string_view text) {
+    LoadBytes(sound, BytesOfText(text));
+}
+
+/// The notes of a track, as "divisor/attenuation/duration" with blanks between them.
+inline std::string NotesText(AGISound& sound, std::int32_t track) {
+    std::string text;
+    for (const auto& note : *sound.Track(track)->Notes()) {
+        if (!text.empty()) text += ' ';
+        text += std::to_string(note->FreqDivisor()) + "/" + std::to_string(note->Attenuation()) + "/" +
+                std::to_string(note->Duration());
+    }
+    return text;
+}
+
+/// A game's property list in memory, for the time of the test.
+class OpenPropertyList {
+  public:
+    OpenPropertyList() {
+        Library().PropertyList = std::make_shared<StringList>();
+        Library().PropertyList->Add("test.zvg");
+        Library().Sounds = std::make_shared<AGISounds>();
+    }
+    ~OpenPropertyList() {
+        Library().Sounds.reset();
+        Library().PropertyList.reset();
+    }
+    OpenPropertyList(const OpenPropertyList&) = delete;
+    OpenPropertyList& operator=(const OpenPropertyList&) = delete;
+
+    std::string Text() const { return Library().PropertyList->Text("\n"); }
+};
+
+/// A player that keeps the commands it gets, and fails where it is told to.
+class RecordingMedia : public Media {
+  public:
+    std::vector<std::string> Commands;
+    std::map<std::string, std::int32_t> Fail;  // by the first word of the command
+    std::string File;                          // the last one opened
+    ByteArray FileBytes;
+
+    std::int32_t SendString(std::string_view command,
+                            const std::shared_ptr<NoticeWindow>& callback) override {
+        Commands.emplace_back(command);
+        const std::string word(command.substr(0, command.find(' ')));
+        if (word == "open") {
+            File = command.substr(5, command.find(" type ") - 5);
+            FileBytes = Files().Read(File);
+        }
+        HasCallback = callback != nullptr;
+        return Fail.contains(word) ? Fail.at(word) : 0;
+    }
+    std::string ErrorText(std::int32_t code) const override {
+        return "  device trouble " + std::to_string(code) + "  ";
+    }
+
+    bool HasCallback = false;
+};
+
+}  // namespace zorvex::test
