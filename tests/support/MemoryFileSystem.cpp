@@ -1,6 +1,7 @@
 #include "tests/support/MemoryFileSystem.h"
 
-#include "tests/support/TestFiles.h"
+#include <algorithm>
+
 #include "zorvex/game/Error.h"
 #include "zorvex/game/Helpers.h"
 #include "zorvex/game/LibraryState.h"
@@ -48,9 +49,8 @@ std::map<std::string, ByteArray> MemoryFileSystem::All() const {
 }
 
 std::string MemoryFileSystem::Text(std::string_view path) const {
-    const auto found = nodes_.find(KeyOf(path));
-    EXPECT_NE(found, nodes_.end()) << "no file " << path;
-    return found == nodes_.end() ? std::string() : TextOf(found->second.bytes);
+    const ByteArray& bytes = FileAt(path).bytes;
+    return {bytes.begin(), bytes.end()};
 }
 
 std::string MemoryFileSystem::FullPath(std::string_view path) {

@@ -37,7 +37,7 @@ class MemoryFileSystem : public FileSystem {
     int Changes() const { return changes_; }
     /// All files with their bytes, by path as created.
     std::map<std::string, ByteArray> All() const;
-    /// A file's bytes as a text; fails the test when there is no such file.
+    /// A file's bytes as a text; raises 53 when there is no such file.
     std::string Text(std::string_view path) const;
 
     FileKind Kind(std::string_view path) const override;
