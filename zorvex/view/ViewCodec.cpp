@@ -20,6 +20,7 @@ constexpr std::size_t loopTableAt = 5;
 constexpr std::size_t maxDescription = 255;
 constexpr std::uint8_t mirrorBit = 0x80;
 constexpr std::size_t longestRun = 15;
+constexpr std::ptrdiff_t widestFill = 16;
 
 /// The byte at a position, 0 past the end.
 std::size_t ByteAt(ByteView bytes, std::size_t pos) {
@@ -46,7 +47,13 @@ bool ExpandRows(ByteView bytes, std::size_t pos, CelPixels& pixels, AGIColors tr
             if (chunk == 0) break;
             const std::ptrdiff_t length = chunk & 15;
             if (length > rowEnd - out) return false;
-            out = std::fill_n(out, length, static_cast<AGIColors>(chunk >> 4));
+            // A fill of one fixed size is a single store; what it writes too much is written again.
+            if (rowEnd - out >= widestFill) {
+                std::fill_n(out, widestFill, static_cast<AGIColors>(chunk >> 4));
+            } else {
+                std::fill_n(out, length, static_cast<AGIColors>(chunk >> 4));
+            }
+            out += length;
         }
         std::fill(out, rowEnd, transColor);
     }
