@@ -4,6 +4,7 @@
 #include "zorvex/compiler/AGICommands.h"
 #include "zorvex/compiler/AGILogicSourceSettings.h"
 #include "zorvex/compiler/AGITestCommands.h"
+#include "zorvex/compiler/GlobalDefines.h"
 #include "zorvex/game/AGIGameEvents.h"
 #include "zorvex/game/Checked.h"
 #include "zorvex/game/Faults.h"
@@ -101,6 +102,10 @@ std::shared_ptr<AGILogicSourceSettings> AGIGame::LogicSourceSettings() const {
 void AGIGame::LogicSourceSettings(std::shared_ptr<AGILogicSourceSettings> value) {
     Library().LogicSourceSettings = std::move(value);
     Library().LastEdit = Now();
+}
+
+std::vector<TDefine> AGIGame::GlobalDefines() const {
+    return CurrentGlobalDefines()->List();
 }
 
 // --- Identity and places

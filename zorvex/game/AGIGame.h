@@ -79,6 +79,9 @@ class AGIGame {
     std::shared_ptr<AGILogicSourceSettings> LogicSourceSettings() const;
     void LogicSourceSettings(std::shared_ptr<AGILogicSourceSettings> value);
 
+    /// A copy of the defines in the game's globals.txt, which is read again when it has changed.
+    std::vector<TDefine> GlobalDefines() const;
+
     // --- Identity and places
     // ---------------------------------------------------------------------------------------
 
