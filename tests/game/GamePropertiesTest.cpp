@@ -181,4 +181,19 @@ TEST_F(GamePropertiesTest, FormerPropertyFiles) {
     });
 }
 
+TEST_F(GamePropertiesTest, TheExamplesOfTheFormatPageHold) {
+    Open(DocumentedExample("formats/property-file.md", "text"));
+    EXPECT_EQ(ReadGameString("general", "interpreter", ""), "2.936");
+    EXPECT_EQ(ReadGameString("General", "About", ""), "two\r\nlines of text");
+    EXPECT_EQ(ReadGameLong("Logic7", "CRC32", 0), static_cast<std::int32_t>(0x8B1A9953));
+    GetGameProperties();
+    EXPECT_EQ(Library().EGAColor[4], 0x1020A0);
+
+    Open(TextOf(BytesOfText(DocumentedExample("formats/property-file.md", "hex"))));
+    ConvertOldPropertyFile();
+    ASSERT_TRUE(Library().PropertyList);
+    EXPECT_EQ(ReadGameString("General", "GameID", ""), "DEMO");
+    EXPECT_EQ(Line("CRC32"), "   CRC32 = &H8B1A9953");
+}
+
 }  // namespace zorvex::test

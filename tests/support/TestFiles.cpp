@@ -105,6 +105,16 @@ std::string SourceDirectory() {
     return ZORVEX_SOURCE_DIR;
 }
 
+std::string DocumentedExample(const std::string& page, const std::string& language) {
+    const std::string text = TextOf(ReadFile(fs::path(SourceDirectory()) / "docs" / page));
+    const std::string mark = "\n```" + language + "\n";
+    const std::size_t begin = text.find(mark);
+    const std::size_t end = text.find("```", begin + mark.size());
+    const bool found = begin != std::string::npos && end != std::string::npos;
+    EXPECT_TRUE(found) << "no " << language << " example in " << page;
+    return found ? text.substr(begin + mark.size(), end - begin - mark.size()) : std::string();
+}
+
 std::string ToolPath() {
     return ZORVEX_TOOL_PATH;
 }

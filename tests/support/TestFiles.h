@@ -58,6 +58,10 @@ class TempDir {
 /// The root of the sources, in the system's form.
 std::string SourceDirectory();
 
+/// The text of the first block of a page below docs/ that is marked with a language, such as "hex"; fails the
+/// test when there is none. So what a page shows is what the tests run.
+std::string DocumentedExample(const std::string& page, const std::string& language);
+
 /// The path of the tool's program, empty where it is not built.
 std::string ToolPath();
 
