@@ -1,9 +1,10 @@
 // A picture interpreter that does everything pixel by pixel, for comparison with the one that does not.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
-#include <deque>
+#include <vector>
 
 #include "zorvex/picture/PictureTypes.h"
 
@@ -61,16 +62,19 @@ class PlainPicture {
         ByteArray& tested = vis_ < 16 ? Vis : Pri;
         const int empty = vis_ < 16 ? 15 : 4;
         if ((vis_ < 16 ? vis_ : pri_) == empty) return;
-        std::deque<int> queue{x + 160 * y};
-        while (!queue.empty()) {
-            const int i = queue.front();
-            queue.pop_front();
-            if (tested[static_cast<std::size_t>(i)] != empty) continue;
+        std::vector<int> queue;
+        const auto paint = [&](int i) {
+            if (tested[static_cast<std::size_t>(i)] != empty) return;
             Pixel(i % 160, i / 160);
-            if (i >= 160) queue.push_back(i - 160);
-            if (i % 160 > 0) queue.push_back(i - 1);
-            if (i % 160 < 159) queue.push_back(i + 1);
-            if (i < PictureSize - 160) queue.push_back(i + 160);
+            queue.push_back(i);
+        };
+        for (paint(x + 160 * y); !queue.empty();) {
+            const int i = queue.back();
+            queue.pop_back();
+            if (i >= 160) paint(i - 160);
+            if (i % 160 > 0) paint(i - 1);
+            if (i % 160 < 159) paint(i + 1);
+            if (i < PictureSize - 160) paint(i + 160);
         }
     }
 
