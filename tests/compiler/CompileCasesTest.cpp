@@ -1,7 +1,7 @@
 // Cases of the compiler: sources in, code or diagnostics out, at each of the three levels.
 //
-// Each line of the section "input" is a source of its own, in which "<nl>" ends a line and "<02>" is the byte of
-// that hexadecimal value; "return();" is added on a line of its own unless the source ends in "<end>". The
+// Each line of the section "input" is a source of its own, in which "<nl>" ends a line and "<02>" is the byte
+// of that hexadecimal value; "return();" is added on a line of its own unless the source ends in "<end>". The
 // output begins with the number of the source and the levels that agree: "high", "medium", "low" or "all". A
 // level without diagnostics gives nothing, and with the setting "show = code" the bytes of its code and its
 // messages. Other settings: logic, names (on: reserved names count), version. The section "globals" is

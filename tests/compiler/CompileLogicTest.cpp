@@ -1,0 +1,245 @@
+// What a compile does to the logic, to the game and to a host that listens.
+#include "tests/support/ExpectError.h"
+#include "tests/support/ScratchGame.h"
+#include "tests/support/TestFiles.h"
+#include "zorvex/compiler/LogCompile.h"
+#include "zorvex/game/GameProperties.h"
+#include "zorvex/game/LibraryState.h"
+#include "zorvex/game/Text.h"
+#include "zorvex/vocab/AGIInventoryObjects.h"
+
+namespace zorvex::test {
+
+namespace {
+
+/// "piece 1" to "piece n" with a number in place of "@".
+std::string Repeated(int count, const std::string& piece) {
+    std::string text;
+    for (int i = 1; i <= count; ++i)
+        text += ReplaceAll(piece, "@", std::to_string(i));
+    return text;
+}
+
+void WriteGlobals(ScratchGame& game, std::string_view text) {
+    game.Files().Write(std::string(ScratchGame::GameDir) + "globals.txt", Bytes(text));
+}
+
+}  // namespace
+
+TEST(CompileLogic, FailureChangesNothing) {
+    ScratchGame game;
+    ASSERT_EQ(game.Compile("v50 = 1;\nreturn();").error, "");
+    const auto logic = game.Logic(1);
+    const ByteArray bytes = logic->AllData();
+    const std::int32_t crc = logic->CompiledCRC();
+    const std::string property = ReadGameString("Logic1", "CompCRC32", "none");
+    EXPECT_TRUE(logic->Compiled());
+    EXPECT_EQ(crc, logic->CRC());
+
+    logic->SourceText("v50 = 2;\nprint(\"x\" 5);\nreturn();");
+    const auto error = RaisedBy([&] { logic->Compile(); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->Id(), 635);
+    EXPECT_EQ(error->Source(), "LogCompile");
+    EXPECT_EQ(error->Description(), "2||4160: ')' expected after command arguments");
+    EXPECT_EQ(CompileColumn(), 11);
+    EXPECT_EQ(logic->AllData(), bytes);
+    EXPECT_EQ(logic->CompiledCRC(), crc);
+    EXPECT_FALSE(logic->Compiled());
+    EXPECT_FALSE(logic->DataDirty());
+    EXPECT_EQ(ReadGameString("Logic1", "CompCRC32", "none"), property);
+}
+
+TEST(CompileLogic, RunsShareNothing) {
+    ScratchGame game;
+    ASSERT_EQ(game.Compile("#define x 5\n#message 3 \"m\"\nlabel:\nv50 = x;\nprint(m3);\nreturn();").error,
+              "");
+    EXPECT_EQ(game.Compile("v50 = x;\nreturn();").error,
+              "1: 4088: Invalid variable or number value 'x' in assignment statement");
+    EXPECT_EQ(game.Compile("goto(label);\nreturn();").error, "1: 4074: Unknown label 'label'");
+    EXPECT_EQ(game.Compile("print(m3);\nreturn();").error, "1: 4113: Undefined message argument (m3)");
+    EXPECT_EQ(game.Compile("label:\n#define x 6\nreturn();").error, "");
+}
+
+TEST(CompileLogic, PlacesCountInTheirOwnFile) {
+    ScratchGame game;
+    game.Settings().ErrorLevel(leMedium);
+    game.Write("fifty.txt", Repeated(50, "#define x@ @\r\n"));
+    game.Write("bad.txt", "\n\nset(5);");
+    EXPECT_EQ(game.Compile("\n#include \"fifty.txt\"\n\n\n\n\n\n\n\nset(5);\nreturn();").error.substr(0, 8),
+              "10: 4063");
+    EXPECT_EQ(
+        game.Compile("#include \"fifty.txt\"\nv50 = x50;\nf5 = true;\nreturn();").warnings.at(0).substr(0, 7),
+        "3: 5025");
+    EXPECT_EQ(game.Compile("v50 = 1;\n#include \"bad.txt\"\nreturn();").error.substr(0, 15),
+              "bad.txt:3: 4063");
+    game.Write("m.txt", Repeated(20, "#message @ \"text @\"\n"));
+    EXPECT_EQ(game.Compile("#include \"m.txt\"\n\n#message 0 \"a\"").error.substr(0, 7), "3: 4077");
+    // Line ends of all kinds count as one.
+    EXPECT_EQ(game.Compile("v50 = 1;\rv50 = 2;\r\nv50 = 3;\v\nset(5);").error.substr(0, 7), "5: 4063");
+}
+
+TEST(CompileLogic, Limits) {
+    ScratchGame game;
+    game.Settings().ErrorLevel(leMedium);
+    const std::string end = "return();";
+    EXPECT_EQ(game.Compile(Repeated(255, "l@:\n") + end).error, "");
+    EXPECT_EQ(game.Compile(Repeated(256, "l@:\n") + end).error, "256: 4109: Too many labels (max 255)");
+    EXPECT_EQ(game.Compile("l:\n" + Repeated(255, "goto(l);\n") + end).error, "");
+    EXPECT_EQ(game.Compile("l:\n" + Repeated(256, "goto(l);\n") + end).error,
+              "257: 4108: Too many 'goto' commands (max 255)");
+    EXPECT_EQ(game.Compile(Repeated(64, "if (f1) {\n") + Repeated(64, "}") + end).error, "");
+    EXPECT_EQ(game.Compile(Repeated(65, "if (f1) {\n") + Repeated(65, "}") + end).error,
+              "65: 4110: Too many nested blocks (max 64)");
+    EXPECT_EQ(game.Compile(Repeated(255, "print(\"@\");\n") + "print(\"7\");" + end).error, "");
+    EXPECT_EQ(game.Compile(Repeated(256, "print(\"@\");\n") + end).error,
+              "256: 4092: Maximum number of messages exceeded (limit is 255 per logic)");
+}
+
+TEST(CompileLogic, PositionsHave16Bits) {
+    ScratchGame game;
+    const auto errorOf = [&](const std::string& source) {
+        const auto logic = game.Logic(1);
+        logic->Load();
+        logic->SourceText(source);
+        return Shown(RaisedBy([&] { CompileLogic(*logic); }));
+    };
+    const std::string full = Repeated(8191, "set(f50);set(f50);\n");  // code up to position 32766
+    const std::string library = "error -2147220";
+    EXPECT_EQ(errorOf(full + "if (f1) { set(f50); }\nreturn();"),
+              library + "846 (658): Unhandled error in CompileAGI method(6:Overflow)");
+    EXPECT_EQ(errorOf(full + "goto(l);\nset(f50);\nl:\nreturn();"),
+              library + "846 (658): Unhandled error in CompileAGI method(6:Overflow)");
+    EXPECT_EQ(errorOf(full + "set(f50);\nreturn();"), "no error");
+    // The fields of the message section lie past the last position that can be patched.
+    EXPECT_EQ(errorOf(full + full + "return();"),
+              library + "988 (516): Resource can't exceed maximum allowable size.");
+}
+
+TEST(CompileLogic, EmptyAndUnreadableSources) {
+    class Unreadable : public MemoryFileSystem {
+      public:
+        ByteArray Read(std::string_view path) const override {
+            if (path.ends_with("locked.txt")) RaiseRuntime(rePermissionDenied);
+            return MemoryFileSystem::Read(path);
+        }
+    };
+    ScratchGame game;
+    const auto files = std::make_shared<Unreadable>();
+    files->MakeDirectory("\\game");
+    files->MakeDirectory("\\game\\src");
+    files->Write("\\game\\src\\locked.txt", Bytes("v50 = 1;"));
+    const auto before = UseFileSystem(files);
+    game.Logic(1)->Resource().SetAllData(ByteArray{1, 0, 0, 0, 2, 0});
+    game.Logic(1)->SourceText("#include \"locked.txt\"\nreturn();");
+    const auto error = RaisedBy([&] { CompileLogic(*game.Logic(1)); });
+    UseFileSystem(before);
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->Description(), "1||4055: Error accessing include file '\\game\\src\\locked.txt'");
+
+    EXPECT_ERROR(563, game.Logic(5)->Compile());
+    game.Logic(1)->SourceText("");
+    EXPECT_ERROR(546, game.Logic(1)->Compile());
+    AGILogic alone;
+    EXPECT_ERROR(618, alone.Compile());
+}
+
+TEST(CompileLogic, HandlersDoNoDamage) {
+    ScratchGame game;
+    const auto logic = game.Logic(1);
+    logic->Load();
+    const ByteArray before = logic->AllData();
+    logic->SourceText("f5 = true;\nreturn();");
+    std::string nested;
+    {
+        const auto raising =
+            Library().Events->LogCompWarning.Subscribe([&](const std::string&, std::uint8_t) {
+                nested = Shown(RaisedBy([&] { CompileLogic(*logic); }));
+                RaiseRuntime(reDiskFull, "host");
+            });
+        EXPECT_RUNTIME(reDiskFull, CompileLogic(*logic));
+    }
+    EXPECT_EQ(
+        nested,
+        "error -2147220870 (634): -1||Unhandled error during compilation: another logic is being compiled");
+    EXPECT_EQ(logic->AllData(), before);
+    EXPECT_EQ(game.Compile("f5 = true;\nreturn();").warnings.size(), 1U);
+
+    // Taking the logic out of the game while it is compiled costs nothing either.
+    const auto removing = Library().Events->LogCompWarning.Subscribe(
+        [&](const std::string&, std::uint8_t) { Library().Logics->ClearCollection(); });
+    EXPECT_EQ(RaisedBy([&] { CompileLogic(*Library().Logics->Item(1)); }), std::nullopt);
+}
+
+TEST(CompileLogic, WarningsCarryTheirPlaceAndCanBeIgnored) {
+    ScratchGame game;
+    game.Settings().ErrorLevel(leMedium);
+    std::vector<std::string> warnings;
+    const auto heard = Library().Events->LogCompWarning.Subscribe([&](const std::string& warning,
+                                                                      std::uint8_t number) {
+        warnings.push_back(std::to_string(number) + " " + warning + " " + std::to_string(CompileColumn()));
+    });
+    game.Write("inc.txt", "  set( f0 );");
+    game.Compile("#include \"inc.txt\"\nreturn();");
+    EXPECT_EQ(warnings,
+              std::vector<std::string>{
+                  "1 5025|'onWater' is normally a read-only flag; changing it could have unexpected "
+                  "results|1|\\game\\src\\inc.txt 8"});
+    game.Settings().IgnoreWarning(5025, true);
+    warnings.clear();
+    EXPECT_EQ(game.Compile("set(f0);\nif (said(\"i\")) { set(f1); }\nreturn();").error, "");
+    ASSERT_EQ(warnings.size(), 2U);  // 5108 has no switch
+    EXPECT_EQ(warnings[0].substr(0, 6), "1 5108");
+}
+
+TEST(CompileLogic, FollowsTheGame) {
+    ScratchGame game;
+    game.Settings().UseReservedNames(true);
+    const auto numberIn = [&](const std::string& name) {
+        const auto result = game.Compile("v50 = " + name + ";\nreturn();");
+        return result.error.empty() ? int{result.code[2]} : -1;
+    };
+    EXPECT_EQ(numberIn("numberOfItems"), 4);
+    Library().InventoryObjects->Add("rope", 1);
+    EXPECT_EQ(numberIn("numberOfItems"), 5);
+
+    EXPECT_EQ(numberIn("Logic5"), 5);
+    game.Logic(5)->ID("Cave");
+    EXPECT_EQ(numberIn("cave"), 5);
+    EXPECT_EQ(numberIn("Logic5"), -1);
+
+    EXPECT_EQ(numberIn("door"), -1);
+    WriteGlobals(game, "door\t7\r\n#define gate 8\r\n");
+    EXPECT_EQ(numberIn("door"), 7);
+    EXPECT_EQ(numberIn("gate"), 8);
+    Library().Logics->Item(1)->Unload();
+    game.Files().Remove("\\game\\globals.txt");
+    EXPECT_EQ(numberIn("door"), -1);
+
+    game.Settings().ResDef(1, 0, "room");
+    EXPECT_EQ(game.Compile("v50 = room;\nreturn();").code, (ByteArray{4, 50, 0, 0}));
+    EXPECT_NE(game.Compile("v50 = currentRoom;\nreturn();").error, "");
+}
+
+TEST(ConvertArg, ResolvesNamesWithoutACompile) {
+    ScratchGame game;
+    game.Settings().UseReservedNames(true);
+    WriteGlobals(game, "door\tV70\nword\t\"Look\"\n");
+    const auto convert = [](std::string_view text, ArgTypeEnum type, bool variable = false) {
+        bool varOrNum = variable;
+        const std::string result = Library().Logics->ConvertArg(text, type, varOrNum);
+        return result + (varOrNum ? " variable" : "");
+    };
+    EXPECT_EQ(convert("DOOR", atVar), "v70");
+    EXPECT_EQ(convert("door", atNum, true), "v70 variable");
+    EXPECT_EQ(convert("door", atNum), "door");
+    EXPECT_EQ(convert("word", atVocWrd), "\"look\"");
+    EXPECT_EQ(convert("View2", atNum, true), "2");
+    EXPECT_EQ(convert("View2", atVocWrd), "view2");
+    EXPECT_EQ(convert("Red", atNum, true), "4");
+    EXPECT_EQ(convert("currentRoom", atNum, true), "v0 variable");
+    EXPECT_EQ(convert("haveMatch", atFlag), "f4");
+    EXPECT_EQ(convert("Nobody", atFlag), "nobody");
+}
+
+}  // namespace zorvex::test
