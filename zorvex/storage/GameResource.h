@@ -82,6 +82,12 @@ class GameResource {
     /// the resource and nothing is read from the volume; else the bytes are loaded once to learn their size,
     /// whose errors pass, and ID and size are written to the list.
     void InitInGame(std::uint8_t number, std::int32_t volume, std::int32_t loc);
+    /// Takes the contents of another object of the same class.
+    virtual void CopyFrom(GameResource& source) = 0;
+    /// Writes the settings that go along when the resource gets another number.
+    virtual void WriteNumberedProperties() const = 0;
+    /// After a default ID has followed the resource's new number.
+    virtual void DefaultIDFollowed(std::string_view /*oldID*/) {}
     /// Stores the name without checks or side effects.
     virtual void SetIDField(std::string_view value) { id_ = value; }
     bool DataDirty() const { return dataDirty_; }

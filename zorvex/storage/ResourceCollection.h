@@ -20,6 +20,7 @@ struct CollectionFamily {
     std::int32_t addFailure;
     std::int32_t loadEntryFailure;
     std::int16_t emptyMax;
+    bool renumberLoads = false;  // a member is loaded while it gets another number
 };
 
 /// What the four collections share. Members are kept in the order in which they were added, not by number.
@@ -34,6 +35,14 @@ class ResourceCollectionBase {
     std::int32_t Count() const { return static_cast<std::int32_t>(members_.size()); }
     /// The highest number in use; for an empty collection -1 for logics and 0 for the others.
     std::int16_t Max() const;
+
+    /// Takes a resource out of the game: its directory entry is blanked on disk, its section leaves the property list.
+    /// The bytes in the volume stay until their space is used. Raises 617.
+    void Remove(std::uint8_t number);
+    /// Gives a resource another number; nothing in a volume moves. A default ID follows the number, and with it a
+    /// logic's source file. Nothing happens when both numbers are the same. Raises 669 when the new number is taken and
+    /// 670 for any failure.
+    void Renumber(std::uint8_t oldNumber, std::uint8_t newNumber);
 
     // --- For the library
     // -------------------------------------------------------------------------------------------
@@ -56,6 +65,8 @@ class ResourceCollectionBase {
     /// The member of a number; raises 617.
     const std::shared_ptr<GameResource>& Require(std::uint8_t number) const;
     void Insert(std::uint8_t number, std::shared_ptr<GameResource> member);
+    /// Adds a new member, a copy of `source` if that is given, and saves it into the game.
+    std::shared_ptr<GameResource> AddMember(std::uint8_t number, GameResource* source);
     void Take(std::uint8_t number);
 
   private:
@@ -71,6 +82,13 @@ class ResourceCollection : public ResourceCollectionBase {
     /// The member of a resource number (not a position). Raises 617, "Invalid resource number".
     std::shared_ptr<Resource> Item(std::uint8_t number) const {
         return std::static_pointer_cast<Resource>(Require(number));
+    }
+
+    /// Adds a new resource, or with `source` a copy of it, and saves it into a volume and the property list. The ID is
+    /// the default one or that of the source, with "_1", "_2" and so on behind it when it is taken. Raises 602 for a
+    /// number in use, and the family's own number for any failure; what failed while saving stays in the collection.
+    std::shared_ptr<Resource> Add(std::uint8_t number, Resource* source = nullptr) {
+        return std::static_pointer_cast<Resource>(AddMember(number, source));
     }
 
     /// Walks the members in order of insertion.

@@ -36,4 +36,15 @@ void MoveV3Directories(ByteArray& file, AGIResType type, std::int32_t delta) {
     }
 }
 
+ByteArray MakeV3Directory(const std::function<ByteArray(AGIResType)>& entriesOf) {
+    ByteArray file(V3HeaderLength);
+    for (std::size_t place = 0; place < fileOrder.size(); ++place) {
+        file[2 * place] = static_cast<std::uint8_t>(file.size());
+        file[2 * place + 1] = static_cast<std::uint8_t>(file.size() >> 8U);
+        const ByteArray entries = entriesOf(fileOrder[place]);
+        file.insert(file.end(), entries.begin(), entries.end());
+    }
+    return file;
+}
+
 }  // namespace zorvex

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 
 #include "zorvex/game/Types.h"
 
@@ -26,5 +27,8 @@ DirectoryRange V3DirectoryRange(ByteView file, AGIResType type);
 /// After a type's directory has grown (or, with a negative delta, shrunk): moves the offsets of those behind
 /// it.
 void MoveV3Directories(ByteArray& file, AGIResType type, std::int32_t delta);
+
+/// A whole V3 directory file from the entries of each type.
+ByteArray MakeV3Directory(const std::function<ByteArray(AGIResType)>& entriesOf);
 
 }  // namespace zorvex

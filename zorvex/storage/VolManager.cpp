@@ -185,7 +185,7 @@ std::int32_t ReadSizeInVol(std::int32_t volume, std::int32_t loc) {
     return size;
 }
 
-void ValidateVolAndLoc(std::int32_t size) {
+void ValidateVolAndLoc(std::int32_t size, bool isV3) {
     constexpr std::string_view source = "VolManager.ValidateVolAndLoc";
     LibraryState& library = Library();
     const auto fits = [&library, size](std::int32_t volume, std::int64_t position) {
@@ -193,7 +193,7 @@ void ValidateVolAndLoc(std::int32_t size) {
                (volume != 0 || position + size <= library.MaxVol0Size);
     };
     if (fits(library.CurrentVol, library.CurrentLoc)) return;
-    for (std::int32_t volume = 0; volume <= HighestVolume(library.IsV3); ++volume) {
+    for (std::int32_t volume = 0; volume <= HighestVolume(isV3); ++volume) {
         const std::string path = library.TargetDir + "NEW_VOL." + std::to_string(volume);
         std::uint64_t length = 0;
         const auto failed = Attempt([&] {

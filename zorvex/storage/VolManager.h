@@ -43,8 +43,8 @@ void AddToVol(AGIResource& resource, bool isV3File, bool rebuild = false, std::i
 void FindFreeVOLSpace(AGIResource& resource);
 
 /// Writes a resource's directory entry on disk, or with `remove` blanks it; the directory grows or shrinks to
-/// the collection's highest number. Raises nothing.
-void UpdateDirFile(const AGIResource& resource, bool remove);
+/// the collection's highest number. Raises nothing; false when the entry could not be written.
+bool UpdateDirFile(const AGIResource& resource, bool remove);
 
 /// Stores the size that a resource takes in its volume on the collection's object of that type and number.
 void UpdateSizeInVol(const AGIResource& resource, std::int32_t size);
@@ -52,8 +52,9 @@ void UpdateSizeInVol(const AGIResource& resource, std::int32_t size);
 /// The stored data size from a resource's header in the open game, or -1 where there is no header.
 std::int32_t ReadSizeInVol(std::int32_t volume, std::int32_t loc);
 
-/// Moves a rebuild on to another new volume when `size` bytes do not fit in the present one. Raises 593 and
+/// Moves a rebuild on to another new volume when `size` bytes do not fit in the present one; volumes left behind are
+/// looked at again. Raises 593 and
 /// 640.
-void ValidateVolAndLoc(std::int32_t size);
+void ValidateVolAndLoc(std::int32_t size, bool isV3);
 
 }  // namespace zorvex

@@ -1,0 +1,327 @@
+#include "zorvex/storage/GameCompile.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "zorvex/compiler/LogCompile.h"
+#include "zorvex/game/AGIGame.h"
+#include "zorvex/game/AGIGameEvents.h"
+#include "zorvex/game/Faults.h"
+#include "zorvex/game/GameProperties.h"
+#include "zorvex/game/Helpers.h"
+#include "zorvex/game/LibraryState.h"
+#include "zorvex/game/Text.h"
+#include "zorvex/logic/AGILogic.h"
+#include "zorvex/picture/AGIPicture.h"
+#include "zorvex/platform/FileSystem.h"
+#include "zorvex/storage/FileSwap.h"
+#include "zorvex/storage/NewDirectories.h"
+#include "zorvex/storage/ResourceCollection.h"
+#include "zorvex/storage/VolManager.h"
+#include "zorvex/vocab/AGIInventoryObjects.h"
+#include "zorvex/vocab/AGIWordList.h"
+
+namespace zorvex {
+
+namespace {
+
+constexpr std::int32_t volumeNames = 16;
+constexpr std::int32_t compileError = 635;
+constexpr std::int32_t bitmapError = 610;
+
+/// What a load error of a kind of resource is called in a report.
+std::string LoadErrorText(GameResource& resource, const Error& error) {
+    const std::string detail = " (" + error.Description() + ")";
+    if (resource.ResType() == rtSound && error.Is(598)) return "Invalid sound data" + detail;
+    if (resource.ResType() == rtView) {
+        for (const std::int32_t id : {513, 537, 539, 540, 548, 550, 551, 552, 553, 563}) {
+            if (error.Is(id)) return "Invalid view data" + detail;
+        }
+    }
+    return "Unable to load " + resource.ID() + detail;
+}
+
+/// Brings a resource back to being loaded or not, as it was.
+class LoadedState {
+  public:
+    explicit LoadedState(GameResource& resource) : resource_(resource), wasLoaded_(resource.Loaded()) {}
+    LoadedState(const LoadedState&) = delete;
+    LoadedState& operator=(const LoadedState&) = delete;
+    ~LoadedState() {
+        if (resource_.Loaded() && !wasLoaded_) Attempt([this] { resource_.Unload(); });
+    }
+
+  private:
+    GameResource& resource_;
+    bool wasLoaded_;
+};
+
+/// Raised inside a run to end it quietly after it was canceled.
+struct Canceled {};
+
+/// One run. The state that other modules share with it is in the library's record.
+class GameCompile {
+  public:
+    GameCompile(bool rebuildOnly, std::string_view newGameDir)
+        : rebuildOnly_(rebuildOnly),
+          targetDir_(newGameDir.empty() ? Library().GameDir : CDir(InnerPath(newGameDir))) {}
+
+    void Run() {
+        Library().CompileActive = true;
+        Library().CompileCanceled = false;
+        try {
+            Check();
+            if (!rebuildOnly_) CompileLists();
+            StartVolumes();
+            for (const AGIResType type : {rtLogic, rtPicture, rtView, rtSound}) AddCollection(type);
+            Report(csDoneAdding);
+            SwapFiles();
+            Finish();
+        } catch (const Canceled&) {
+            RaiseStatus(csCanceled, rtLogic, 0, "");
+            CleanUp();
+        } catch (...) {
+            CleanUp();
+            throw;
+        }
+    }
+
+  private:
+    // --- Reports ---------------------------------------------------------------------------------------------------
+
+    static void RaiseStatus(ECStatus status, AGIResType type, std::uint8_t number, const std::string& text) {
+        Library().Events->CompileGameStatus.Raise(status, type, number, text);
+    }
+
+    /// Tells the host, and ends the run if the host has canceled it.
+    static void Report(ECStatus status, AGIResType type = rtLogic, std::uint8_t number = 0,
+                       const std::string& text = {}) {
+        RaiseStatus(status, type, number, text);
+        if (!Library().CompileActive) throw Canceled();
+    }
+
+    static void Report(ECStatus status, const GameResource& resource, const std::string& text = {}) {
+        Report(status, resource.ResType(), resource.Number(), text);
+    }
+
+    // --- The steps -------------------------------------------------------------------------------------------------
+
+    void Check() {
+        LibraryState& library = Library();
+        const bool versionChanging = std::exchange(library.VersionChanging, false);
+        if (!DirectoryExists(targetDir_)) RaiseCatalogue(561, AGIGame::ErrorSource, targetDir_);
+        sameDir_ = EqualNoCase(targetDir_, library.GameDir);
+        targetV3_ = versionChanging ? !library.IsV3 : library.IsV3;
+        if (targetV3_ && CharacterCount(library.GameID) >= 6) RaiseCatalogue(694, AGIGame::ErrorSource);
+        FileSwap::Finish(targetDir_);
+        library.TargetDir = targetDir_;
+    }
+
+    void CompileLists() {
+        CompileList(csCompWords, *Library().VocabularyWords, "WORDS.TOK", "WORDS.OLD");
+        CompileList(csCompObjects, *Library().InventoryObjects, "OBJECT", "OBJECT.OLD");
+    }
+
+    template <class List>
+    void CompileList(ECStatus status, List& list, const std::string& name, const std::string& backup) {
+        Report(status);
+        if (const auto error = Attempt([&] {
+                if (list.IsDirty()) list.Save();
+            })) {
+            Report(csResError, rtLogic, 0, "Error during compilation of " + name + " (" + error->Description() + ")");
+        }
+        if (sameDir_) return;
+        if (const auto error = Attempt([&] { CopyToTarget(list.ResFile(), name, backup); })) {
+            Report(csResError, rtLogic, 0, "Error while creating " + name + " file (" + error->Description() + ")");
+        }
+    }
+
+    /// Copies a file of the game into the target directory; a file that is there is set aside.
+    void CopyToTarget(const std::string& from, const std::string& name, const std::string& backup) const {
+        const std::string target = targetDir_ + name;
+        if (FileExists(target)) Files().Copy(target, targetDir_ + backup);
+        const std::string fresh = targetDir_ + "NEW_" + name;
+        Guarded(
+            [&] {
+                Files().Copy(from, fresh);
+                Files().Replace(fresh, target);
+            },
+            [&] { Files().Remove(fresh); });
+    }
+
+    void StartVolumes() const {
+        LibraryState& library = Library();
+        library.CurrentVol = 0;
+        library.CurrentLoc = 0;
+        for (auto& directory : library.NewDirData) directory.fill(255);
+        library.NewVolFile = targetDir_ + "NEW_VOL.0";
+        const auto error = Attempt([&] {
+            for (const std::string& name : FilesMatching(targetDir_, "NEW_VOL.*")) Files().Remove(targetDir_ + name);
+            Files().Write(library.NewVolFile, {});
+        });
+        if (error) RaiseCatalogue(503, AGIGame::ErrorSource, error->NumberAndText());
+    }
+
+    void AddCollection(AGIResType type) {
+        // The members as they are now: a handler could not change them anyway, but a list in use must not move.
+        const std::vector<std::shared_ptr<GameResource>> members = CollectionOf(type)->Members();
+        for (const auto& member : members) {
+            Report(csAddResource, *member);
+            const LoadedState restored(*member);
+            AddResource(*member);
+        }
+    }
+
+    void AddResource(GameResource& resource) {
+        if (!(rebuildOnly_ ? LoadBytes(resource) : LoadAndCompile(resource))) return;
+        AGIResource& buffer = resource.Resource();
+        FindRoom(static_cast<std::int32_t>(buffer.View().size()));
+        LibraryState& library = Library();
+        const DirectoryEntryBytes entry = MakeDirectoryEntry(library.CurrentVol, library.CurrentLoc);
+        std::copy(entry.begin(), entry.end(), library.NewDirData[resource.ResType()].begin() + 3 * resource.Number());
+        if (const auto error = Attempt([&] {
+                AddToVol(buffer, targetV3_, true, library.CurrentVol, library.CurrentLoc);
+            })) {
+            Report(csResError, resource, "Unable to add Logic resource to VOL file (" + error->Description() + ")");
+        }
+    }
+
+    static bool LoadBytes(GameResource& resource) {
+        const auto error = Attempt([&] {
+            if (!resource.Loaded()) resource.Resource().Load();
+        });
+        if (!error) return true;
+        Report(csResError, resource, "Unable to load " + resource.ID() + " (" + error->Description() + ")");
+        return false;
+    }
+
+    static bool LoadAndCompile(GameResource& resource) {
+        const auto error = Attempt([&] {
+            if (!resource.Loaded()) resource.Load();
+        });
+        const std::string warning = PictureWarning(resource);
+        if (error && !error->Is(bitmapError) && warning.empty()) {
+            Report(csResError, resource, LoadErrorText(resource, *error));
+            return false;
+        }
+        if (!warning.empty()) Report(csWarning, resource, "--|" + warning + "|--|--");
+        if (!resource.Loaded()) return false;
+        return resource.ResType() != rtLogic || Compile(static_cast<AGILogic&>(resource));
+    }
+
+    static std::string PictureWarning(const GameResource& resource) {
+        if (resource.ResType() != rtPicture) return {};
+        const std::int32_t level = static_cast<const AGIPicture&>(resource).BMPErrLevel();
+        if (level == 0) return {};
+        return level >= 8 ? "Unhandled error in picture data- picture may not display correctly"
+                          : "Data anomalies in picture data but picture should display";
+    }
+
+    static bool Compile(AGILogic& logic) {
+        const auto error = Attempt([&] { CompileLogic(logic); });
+        if (!error) return true;
+        if (error->Is(compileError)) {
+            Report(csLogicError, logic, error->Description());
+        } else {
+            Report(csResError, logic, "Unable to compile Logic (" + error->Description() + ")");
+        }
+        return false;
+    }
+
+    void FindRoom(std::int32_t size) const {
+        if (const auto error = Attempt([&] { ValidateVolAndLoc(size, targetV3_); })) {
+            if (error->Is(593)) RaiseText(error->Number(), "CompResCol", error->Description());
+            RaiseText(ObjectErrorBase + 638, error->Source(), CatalogueText(638, {error->NumberAndText()}));
+        }
+    }
+
+    // --- The new files in their places -----------------------------------------------------------------------------
+
+    void SwapFiles() {
+        const std::string id = targetV3_ ? Library().GameID : std::string();
+        FileSwap swap(targetDir_);
+        std::string failedAt;
+        const auto error = Attempt([&] {
+            for (const NewDirectory& directory : NewDirectoryFiles(targetV3_, Library().GameID)) {
+                failedAt = directory.Name;
+                const std::string fresh = "NEW_DIR." + std::to_string(directory.Number);
+                Files().Write(targetDir_ + fresh, directory.Bytes);
+                swap.Add(fresh, directory.Name);
+            }
+            for (std::int32_t n = 0; n < volumeNames; ++n) AddVolumeStep(swap, n, id);
+            RemoveBackups(id);
+            failedAt.clear();
+            swap.Run();
+        });
+        if (!error) return;
+        if (failedAt.empty()) failedAt = swap.FailedAt();
+        std::string text = error->Description();
+        if (error->Number() == reFileExists) {
+            text = "Unable to delete existing " + failedAt + ". New " + failedAt + " file was not created.";
+        }
+        RaiseText(error->Number(), AGIGame::ErrorSource, text);
+    }
+
+    void AddVolumeStep(FileSwap& swap, std::int32_t number, const std::string& id) const {
+        const std::string fresh = "NEW_VOL." + std::to_string(number);
+        const std::string name = id + "VOL." + std::to_string(number);
+        if (FileExists(targetDir_ + fresh)) {
+            swap.Add(fresh, name);
+        } else {
+            swap.Retire(name);
+        }
+    }
+
+    /// Deletes what an earlier run has set aside, as far as it can be deleted.
+    void RemoveBackups(const std::string& id) const {
+        std::vector<std::string> names;
+        for (const NewDirectory& directory : NewDirectoryFiles(targetV3_, Library().GameID)) {
+            names.push_back(directory.Name);
+        }
+        for (std::int32_t n = 0; n < volumeNames; ++n) names.push_back(id + "VOL." + std::to_string(n));
+        for (const std::string& name : names) {
+            if (FileExists(targetDir_ + name + ".OLD")) Attempt([&] { Files().Remove(targetDir_ + name + ".OLD"); });
+        }
+    }
+
+    void Finish() {
+        LibraryState& library = Library();
+        RaiseStatus(csCompileComplete, rtLogic, 0, "");
+        for (const AGIResType type : {rtLogic, rtPicture, rtSound, rtView}) {
+            for (const auto& member : CollectionOf(type)->Members()) {
+                AGIResource& buffer = member->Resource();
+                // In the open game's own volumes nothing has changed when the new ones went elsewhere.
+                if (!sameDir_) {
+                    buffer.SizeInVol(-1);
+                    continue;
+                }
+                const std::uint8_t* entry = library.NewDirData[type].data() + 3 * member->Number();
+                buffer.Volume(entry[0] >> 4);
+                buffer.Loc((entry[0] & 15) * 65536 + entry[1] * 256 + entry[2]);
+            }
+        }
+        SaveGameProperties();
+        library.CompileActive = false;
+    }
+
+    /// The game is as it was, so the sizes noted for the new volumes do not hold.
+    static void CleanUp() {
+        Library().CompileActive = false;
+        for (const AGIResType type : {rtLogic, rtPicture, rtSound, rtView}) {
+            for (const auto& member : CollectionOf(type)->Members()) member->Resource().SizeInVol(-1);
+        }
+    }
+
+    bool rebuildOnly_;
+    std::string targetDir_;
+    bool sameDir_ = true;
+    bool targetV3_ = false;
+};
+
+}  // namespace
+
+void CompileGameFiles(bool rebuildOnly, std::string_view newGameDir) {
+    if (Library().GameLoaded) GameCompile(rebuildOnly, newGameDir).Run();
+}
+
+}  // namespace zorvex
