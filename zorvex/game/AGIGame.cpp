@@ -15,6 +15,7 @@
 #include "zorvex/game/Text.h"
 #include "zorvex/logic/StringList.h"
 #include "zorvex/platform/FileSystem.h"
+#include "zorvex/storage/GameCompile.h"
 
 namespace zorvex {
 
@@ -222,15 +223,31 @@ void AGIGame::InterpreterVersion(std::string_view value) {
     LibraryState& library = Library();
     RequireKnownVersion(value, ErrorSource);
     if (GameLoaded()) {
-        // A change of generation needs the whole game written in the other layout.
-        if (value.front() != library.InterpreterVersion.front()) RaiseCatalogue(558, ErrorSource);
+        if (value.front() != library.InterpreterVersion.front() && !ChangeGeneration()) return;
         library.LastEdit = Now();
         WriteGeneral("Interpreter", value);
         SaveGameProperties();
     }
     library.InterpreterVersion = value;
     library.IsV3 = Val(value) > 3;
+    InitCommandTables();
     SetCommandsForVersion(library.InterpreterVersion);
+}
+
+bool AGIGame::ChangeGeneration() {
+    LibraryState& library = Library();
+    library.VersionChanging = true;
+    if (!library.IsV3 && CharacterCount(library.GameID) > 5) GameID(CutCharacters(library.GameID, 5));
+    if (const auto error = Attempt([&] { CompileGame(true, ""); })) {
+        library.CompileCanceled = false;
+        library.VersionChanging = false;
+        RaiseWrapped(641, *error);
+    }
+    return !std::exchange(library.CompileCanceled, false);
+}
+
+void AGIGame::CompileGame(bool rebuildOnly, std::string_view newGameDir) {
+    CompileGameFiles(rebuildOnly, newGameDir);
 }
 
 // --- Descriptive values

@@ -61,6 +61,21 @@ class AGIGame {
     void CloseGame();
     /// True while a game is open.
     bool GameLoaded() const;
+    /// Makes a game in an existing directory and leaves it open. Without a template it has an empty logic 0,
+    /// three words and one item; with a template directory it is a copy of that game, whose property file
+    /// decides the version, under the new ID. An empty `newResDir` takes the value of DefResDir. Raises 501;
+    /// 630 for a directory that does not exist or a template without a property file; 687 for a directory
+    /// that has a game; 543 and 597 for an unknown version; 683, 684, 685 when a template cannot be copied,
+    /// opened or renamed; 631 when a file cannot be written. 637 means that the game is open and that
+    /// errlog.txt has warnings.
+    void NewGame(std::string_view newID, std::string_view newVersion, std::string_view newGameDir,
+                 std::string& newResDir, std::string_view templateDir = {});
+    /// Writes the whole game anew: all resources packed into new volumes, after compiling vocabulary,
+    /// inventory and logics unless `rebuildOnly`. With a `newGameDir` the files go there and the open game
+    /// stays as it is; else the former files stay as .OLD. Reports through GameEvents().CompileGameStatus,
+    /// from whose handlers CancelCompile ends the run; nothing happens while no game is open. Raises 561,
+    /// 694, 503, 593, 638 and 640.
+    void CompileGame(bool rebuildOnly = false, std::string_view newGameDir = {});
 
     // --- The objects of the game
     // -----------------------------------------------------------------------------------
@@ -110,7 +125,10 @@ class AGIGame {
     /// Directory of game templates. Raises 630 if it does not exist.
     std::string TemplateDir() const;
     void TemplateDir(std::string_view value);
-    /// One of the known interpreter versions; "2.917" while none was set. Raises 543 and 597 for any other.
+    /// One of the known interpreter versions; "2.917" while none was set. A value of the other generation
+    /// rebuilds the open game in place in the other layout; the files of the former layout stay. Raises 543
+    /// and 597 for a version that is not known, and 641 when the rebuild fails, which leaves the version as
+    /// it was.
     std::string InterpreterVersion() const;
     void InterpreterVersion(std::string_view value);
 
@@ -170,6 +188,9 @@ class AGIGame {
                        std::string_view group = {}, bool forceSave = false);
     /// Asks a running compile to stop; for handlers of CompileGameStatus.
     void CancelCompile();
+
+  private:
+    bool ChangeGeneration();
 };
 
 }  // namespace zorvex

@@ -1,4 +1,5 @@
-// What a directory of AGI files is: whether it is a game, which one, of which generation and interpreter version.
+// What a directory of AGI files is: whether it is a game, which one, of which generation and interpreter
+// version.
 #pragma once
 
 #include <string>
@@ -8,18 +9,20 @@ namespace zorvex {
 
 /// True when a directory (with a backslash at its end) holds a game; sets the library's GameID and IsV3.
 ///
-/// The first file whose name ends in "DIR" decides: with a volume 0 of the same head beside it the game is V3 and the
-/// head is its ID. Any other such file makes it V2; the ID is then the name of a loader program (*.COM), else "AGI".
+/// The first file whose name ends in "DIR" decides: with a volume 0 of the same head beside it the game is V3
+/// and the head is its ID. Any other such file makes it V2; the ID is then the name of a loader program
+/// (*.COM), else "AGI".
 bool IsValidGameDir(std::string_view directory);
 
-/// The version of the library's game (GameDir, GameID, IsV3) from the interpreter's own data file, or the default of
-/// the generation that the files show; may change IsV3.
+/// The version of the library's game (GameDir, GameID, IsV3) from the interpreter's own data file, or the
+/// default of the generation that the files show; may change IsV3.
 std::string DetectInterpreterVersion();
 
 /// True for an exact match with one of the known versions.
 bool IsKnownVersion(std::string_view text);
 
-/// Raises the error for a version that is not known: 543 for a number from 2 to 3, else 597. Nothing for a known one.
+/// Raises the error for a version that is not known: 543 for a number from 2 to 3, else 597. Nothing for a
+/// known one.
 void RequireKnownVersion(std::string_view version, std::string_view source);
 
 }  // namespace zorvex

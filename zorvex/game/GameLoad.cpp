@@ -1,4 +1,5 @@
 // The part of AGIGame that starts the library and opens and closes games.
+#include "zorvex/game/GameLoad.h"
 #include "zorvex/compiler/AGICommandFunctions.h"
 #include "zorvex/compiler/AGICommands.h"
 #include "zorvex/compiler/AGILogicSourceSettings.h"
@@ -20,6 +21,7 @@
 #include "zorvex/platform/FileSystem.h"
 #include "zorvex/sound/AGISounds.h"
 #include "zorvex/storage/ExtractResources.h"
+#include "zorvex/storage/FileSwap.h"
 #include "zorvex/view/AGIViews.h"
 #include "zorvex/vocab/AGIInventoryObjects.h"
 #include "zorvex/vocab/AGIWordList.h"
@@ -57,6 +59,8 @@ bool IsPlainName(std::string_view name) {
            name.find_first_of("\\/:") == std::string_view::npos;
 }
 
+}  // namespace
+
 void MakeEmptyCollections() {
     LibraryState& library = Library();
     library.Logics = std::make_shared<AGILogics>();
@@ -66,8 +70,6 @@ void MakeEmptyCollections() {
     library.InventoryObjects = std::make_shared<AGIInventoryObjects>();
     library.VocabularyWords = std::make_shared<AGIWordList>();
 }
-
-}  // namespace
 
 void ResetToEmptyGame() {
     ClearIdentity();
@@ -115,6 +117,7 @@ void AGIGame::OpenGameDIR(std::string_view newGameDir) {
     if (GameLoaded()) RaiseCatalogue(501, ErrorSource);
     library.GameDir = CDir(InnerPath(newGameDir));
     RaiseLoadStatus(lsDecompiling, rtNone);
+    FileSwap::Finish(library.GameDir);
     if (!IsValidGameDir(library.GameDir)) {
         const std::string directory = library.GameDir;
         library.LastErrorText = directory;
@@ -170,6 +173,7 @@ void AGIGame::OpenGameZVG(std::string_view gameZVG) {
     }
     library.GameFile = path;
     library.GameDir = JustPath(path, true).empty() ? "" : JustPath(path);
+    FileSwap::Finish(library.GameDir);
     library.PropertyList = OpenPropertyList(path, false);
     CheckPropertyFileVersion(name);
     library.GameID = ReadGameString("General", "GameID", "");

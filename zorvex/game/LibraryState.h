@@ -73,7 +73,7 @@ struct LibraryState {
     std::shared_ptr<AGILogicSourceSettings> LogicSourceSettings;
     std::shared_ptr<AGICommands> Commands;
     std::shared_ptr<AGITestCommands> TestCommands;
-    std::shared_ptr<StringList> PropertyList;  // line 0 is the file's path; none while no game is open
+    std::shared_ptr<StringList> PropertyList;     // line 0 is the file's path; none while no game is open
     std::shared_ptr<PropertyIndex> SectionIndex;  // of the list used last; saves time and holds nothing else
 
     // The tables and settings of the logic language that all its settings objects share.

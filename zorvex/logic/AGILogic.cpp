@@ -3,6 +3,7 @@
 #include <array>
 
 #include "zorvex/compiler/AGICommandFunctions.h"
+#include "zorvex/compiler/AGILogicSourceSettings.h"
 #include "zorvex/compiler/LogCompile.h"
 #include "zorvex/game/Faults.h"
 #include "zorvex/game/GameProperties.h"
@@ -79,6 +80,26 @@ void AGILogic::ReadOwnProperties() {
 void AGILogic::WriteFirstProperties() {
     WriteKey("CRC32", "0");
     WriteKey("CompCRC32", "0");
+}
+
+void AGILogic::WriteNumberedProperties() const {
+    WriteKey("ID", ID());
+    WriteKey("Description", description_, false);
+    WriteKey("CRC32", CRCText(crc_), false);
+    WriteKey("CompCRC32", CRCText(compiledCRC_), false);
+    WriteKey("IsRoom", BoolText(isRoom_), false);
+}
+
+void AGILogic::DefaultIDFollowed(std::string_view oldID) {
+    Attempt([&] {
+        const std::string file = GameSourceFile();
+        const std::string former = Library().ResDir + std::string(oldID) + Library().LogicSourceSettings->SourceExt();
+        if (FileExists(former)) {
+            Files().Replace(former, file);
+        } else {
+            Files().Remove(file);
+        }
+    });
 }
 
 void AGILogic::WriteCRC() const {

@@ -87,6 +87,9 @@ class AGILogic : public GameResource {
     // --- For the library
     // -------------------------------------------------------------------------------------------
 
+    void CopyFrom(GameResource& source) override { SetLogic(static_cast<AGILogic&>(source)); }
+    void WriteNumberedProperties() const override;
+    void DefaultIDFollowed(std::string_view oldID) override;
     void SetIDField(std::string_view value) override;
     void CompiledCRC(std::int32_t value) { compiledCRC_ = value; }
     /// The bytes now come from the present source text.

@@ -3,10 +3,22 @@
 #include "zorvex/compiler/GlobalDefines.h"
 #include "zorvex/compiler/NameTable.h"
 #include "zorvex/compiler/ResourceIDs.h"
+#include "zorvex/game/Faults.h"
+#include "zorvex/game/GameProperties.h"
 #include "zorvex/game/LibraryState.h"
 #include "zorvex/game/Text.h"
 
 namespace zorvex {
+
+void AGILogics::MarkAllAsDirty() {
+    for (const std::shared_ptr<AGILogic>& logic : *this) {
+        Attempt([&] {
+            logic->CompiledCRC(0);
+            WriteGameProperty(logic->Section(), "CompCRC32", "&H0", logic->Group());
+            SaveGameProperties();
+        });
+    }
+}
 
 std::string AGILogics::ConvertArg(std::string_view argIn, ArgTypeEnum argType, bool& varOrNum) const {
     if (Library().GameLoaded) {

@@ -11,12 +11,16 @@
 
 namespace zorvex {
 
-inline constexpr CollectionFamily LogicFamily{rtLogic, "agiLogics", 645, 646, -1};
+inline constexpr CollectionFamily LogicFamily{rtLogic, "agiLogics", 645, 646, -1, true};
 
 /// The collection of the logics; Max of an empty one is -1.
 class AGILogics : public ResourceCollection<AGILogic> {
   public:
     AGILogics() : ResourceCollection(LogicFamily) {}
+
+    /// Lets every logic count as not compiled, so that the next full compile of the game compiles it, and saves the
+    /// property file. Raises nothing.
+    void MarkAllAsDirty();
 
     /// What a text would stand for as an argument of the given type in the source of a logic without defines
     /// of its own: global defines, resource IDs and reserved names count. The result is in lower case; a text

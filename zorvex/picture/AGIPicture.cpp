@@ -251,6 +251,16 @@ void AGIPicture::ReadBackground() {
     bkgdSize_ = ReadGameString(Section(), "BkgdSize", "");
 }
 
+void AGIPicture::WriteNumberedProperties() const {
+    WriteKey("ID", ID());
+    WriteKey("Description", Description(), false);
+    WriteKey("BkgdImg", bkgdImgFile_, false);
+    if (bkgdImgFile_.empty()) return;
+    WriteKey("BkgdTrans", std::to_string(bkgdTrans_), false);
+    WriteKey("BkgdPosn", bkgdPosition_, false);
+    WriteKey("BkgdSize", bkgdSize_, false);
+}
+
 void AGIPicture::WriteSettings() {
     WriteKey("ID", ID());
     WriteKey("Description", Description(), false);

@@ -117,6 +117,10 @@ class AGIPicture final : public GameResource {
     /// this one is in a game stays. Faults on the way are passed over.
     void SetPicture(AGIPicture& copyPicture);
 
+    // --- For the library -------------------------------------------------------------------------------------
+    void CopyFrom(GameResource& source) override { SetPicture(static_cast<AGIPicture&>(source)); }
+    void WriteNumberedProperties() const override;
+
   private:
     void BuildBMPs();
     void DrawScreens();

@@ -311,6 +311,20 @@ void AGISound::SetSound(const AGISound& copySound) {
     });
 }
 
+void AGISound::WriteNumberedProperties() const {
+    const auto write = [this](std::string_view key, std::string_view value) { WriteKey(key, value, false); };
+    WriteKey("ID", ID());
+    write("Description", Description());
+    write("Key", std::to_string(key_));
+    write("TPQN", std::to_string(tpqn_));
+    if (tracks_[0] == nullptr) return;
+    for (std::size_t t = 0; t < TrackCount; ++t) write(Numbered("Visible", t), BoolText(tracks_[t]->Visible()));
+    for (std::size_t t = 0; t < NoiseTrack; ++t) {
+        write(Numbered("Inst", t), std::to_string(tracks_[t]->Instrument()));
+    }
+    for (std::size_t t = 0; t < TrackCount; ++t) write(Numbered("Mute", t), BoolText(tracks_[t]->Muted()));
+}
+
 void AGISound::WriteSettings() {
     WriteKey("ID", ID());
     WriteKey("Description", Description(), false);

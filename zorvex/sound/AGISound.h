@@ -127,6 +127,8 @@ class AGISound : public GameResource, public std::enable_shared_from_this<AGISou
     // --- For the library
     // --------------------------------------------------------------------------------------------
 
+    void CopyFrom(GameResource& source) override { SetSound(static_cast<AGISound&>(source)); }
+    void WriteNumberedProperties() const override;
     /// A note has changed, or the list of notes.
     void NotesChanged();
     /// A setting of a track has changed; `heard` tells whether the converted form depends on it.

@@ -6,7 +6,7 @@ namespace zorvex {
 
 namespace {
 
-constexpr CollectionFamily family{rtSound, "agiSounds", 651, 652, 0};
+constexpr CollectionFamily family{rtSound, "agiSounds", 651, 652, 0, true};
 
 }  // namespace
 

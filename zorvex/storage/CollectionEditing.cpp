@@ -10,7 +10,9 @@ namespace {
 
 constexpr int maxTries = 255;  // as far as an ID is made unique by a number behind it
 
-std::string NumberedID(std::string_view id, int number) { return std::string(id) + "_" + std::to_string(number); }
+std::string NumberedID(std::string_view id, int number) {
+    return std::string(id) + "_" + std::to_string(number);
+}
 
 /// Sets an ID, or the first with a number behind it for which `taken` does not hold the error that it gives.
 template <class Taken>
@@ -77,7 +79,8 @@ void ResourceCollectionBase::Renumber(std::uint8_t oldNumber, std::uint8_t newNu
         }
         buffer.Number(newNumber);
         Insert(newNumber, member);
-        // The new entry is written before the old one goes, so that the resource is in the directory at every moment.
+        // The new entry is written before the old one goes, so that the resource is in the directory at every
+        // moment.
         if (UpdateDirFile(buffer, false)) {
             AGIResource former;
             former.ResType(buffer.ResType());

@@ -34,8 +34,11 @@ class DirectoryEdit {
     std::int32_t Max() const { return max_; }
     const ByteArray& File() const { return file_; }
 
+    /// The offset of an entry in the file.
+    std::int32_t PlaceOf(std::int32_t number) const { return range_.start + 3 * number; }
+
     void Store(std::int32_t number, const DirectoryEntryBytes& entry) {
-        const auto at = static_cast<std::size_t>(range_.start + 3 * number);
+        const auto at = static_cast<std::size_t>(PlaceOf(number));
         if (file_.size() < at + entry.size()) file_.resize(at + entry.size(), 255);
         std::copy(entry.begin(), entry.end(), file_.begin() + static_cast<std::ptrdiff_t>(at));
     }
@@ -75,8 +78,21 @@ class DirectoryEdit {
 
 }  // namespace
 
-void UpdateDirFile(const AGIResource& resource, bool remove) {
-    Attempt([&] {
+namespace {
+
+/// Writes the edited directory; where that is impossible for want of space, at least the one entry in place.
+void StoreDirectory(const std::string& path, const DirectoryEdit& edit, bool inPlace, std::int32_t at,
+                    const DirectoryEntryBytes& entry) {
+    const auto error = Attempt([&] { ReplaceWholeFile(path, edit.File()); });
+    if (!error) return;
+    if (!inPlace) throw *error;
+    Files().WriteAt(path, static_cast<std::uint64_t>(at), entry);
+}
+
+}  // namespace
+
+bool UpdateDirFile(const AGIResource& resource, bool remove) {
+    const auto error = Attempt([&] {
         const LibraryState& library = Library();
         const std::int32_t maxNum = CollectionOf(resource.ResType())->Max();
         const std::string path =
@@ -84,15 +100,17 @@ void UpdateDirFile(const AGIResource& resource, bool remove) {
         DirectoryEdit edit(Files().Read(path), resource.ResType(), library.IsV3);
         const DirectoryEntryBytes entry = remove ? DirectoryEntryBytes{255, 255, 255}
                                                  : MakeDirectoryEntry(resource.Volume(), resource.Loc());
-        if (remove ? maxNum >= edit.Max() : edit.Max() >= maxNum) {
+        const bool inPlace = remove ? maxNum >= edit.Max() : edit.Max() >= maxNum;
+        if (inPlace) {
             edit.Store(resource.Number(), entry);
         } else if (remove) {
             edit.Shrink(maxNum, resource.Number());
         } else {
             edit.Grow(maxNum, entry);
         }
-        ReplaceWholeFile(path, edit.File());
+        StoreDirectory(path, edit, inPlace, edit.PlaceOf(resource.Number()), entry);
     });
+    return !error;
 }
 
 }  // namespace zorvex

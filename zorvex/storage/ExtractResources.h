@@ -5,9 +5,9 @@
 
 namespace zorvex {
 
-/// Registers every resource that the open game's directory files name. Resources that cannot be read are logged, and
-/// their entries are blanked on disk, with the former file kept as .OLD. Returns true if anything was logged. Raises 524,
-/// 542, the plain number 511 and 545 for a failure of a directory as a whole.
+/// Registers every resource that the open game's directory files name. Resources that cannot be read are
+/// logged, and their entries are blanked on disk, with the former file kept as .OLD. Returns true if anything
+/// was logged. Raises 524, 542, the plain number 511 and 545 for a failure of a directory as a whole.
 bool ExtractResources();
 
 }  // namespace zorvex

@@ -15,10 +15,13 @@ constexpr std::string_view journalHead = "zorvex file swap 1";
 constexpr std::string_view journalEnd = "end";
 constexpr std::string_view separator = "\r\n";
 
-std::string Backup(const std::string& path) { return path + ".OLD"; }
+std::string Backup(const std::string& path) {
+    return path + ".OLD";
+}
 
 bool IsFileName(std::string_view name) {
-    return !name.empty() && name.find_first_of("\\/:") == std::string_view::npos && name != "." && name != "..";
+    return !name.empty() && name.find_first_of("\\/:") == std::string_view::npos && name != "." &&
+           name != "..";
 }
 
 }  // namespace
@@ -27,11 +30,14 @@ void FileSwap::Add(std::string_view fresh, std::string_view name) {
     steps_.push_back({std::string(fresh), std::string(name)});
 }
 
-void FileSwap::Retire(std::string_view name) { steps_.push_back({"", std::string(name)}); }
+void FileSwap::Retire(std::string_view name) {
+    steps_.push_back({"", std::string(name)});
+}
 
 std::string FileSwap::Journal() const {
     std::string text = std::string(journalHead) + std::string(separator);
-    for (const Step& step : steps_) text += step.fresh + ">" + step.name + std::string(separator);
+    for (const Step& step : steps_)
+        text += step.fresh + ">" + step.name + std::string(separator);
     return text + std::string(journalEnd) + std::string(separator);
 }
 
@@ -47,8 +53,9 @@ void FileSwap::Run() {
     Attempt([&] { Files().Remove(journal); });
 }
 
-// Each step can be met in one of three states: untouched, its old file set aside, or done. A new file that still has
-// its first name tells that the step is not done, so that doing all steps again does the rest of them.
+// Each step can be met in one of three states: untouched, its old file set aside, or done. A new file that
+// still has its first name tells that the step is not done, so that doing all steps again does the rest of
+// them.
 void FileSwap::Forward() {
     for (const Step& step : steps_) {
         failedAt_ = step.name;
@@ -74,7 +81,8 @@ FileSwap FileSwap::FromJournal(const std::string& directory) {
     FileSwap swap(directory);
     const ByteArray bytes = Files().Read(directory + std::string(journalName));
     const std::vector<std::string> lines = Split(std::string(bytes.begin(), bytes.end()), separator);
-    if (lines.size() < 2 || lines.front() != journalHead || lines[lines.size() - 2] != journalEnd) return swap;
+    if (lines.size() < 2 || lines.front() != journalHead || lines[lines.size() - 2] != journalEnd)
+        return swap;
     for (std::size_t i = 1; i + 2 < lines.size(); ++i) {
         const std::size_t mark = lines[i].find('>');
         const std::string fresh = lines[i].substr(0, mark);

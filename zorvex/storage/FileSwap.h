@@ -1,7 +1,8 @@
 // Putting a set of new files in the place of old ones, so that a directory never stays between the two.
 //
-// Before anything is renamed, a list of the renames is written to a file of its own in the directory. If the process
-// dies on the way, that file is found when the directory is next opened, and the rest of the renames is done then.
+// Before anything is renamed, a list of the renames is written to a file of its own in the directory. If the
+// process dies on the way, that file is found when the directory is next opened, and the rest of the renames
+// is done then.
 #pragma once
 
 #include <string>
@@ -20,7 +21,8 @@ class FileSwap {
     /// A file of this name, if there is one, is to become `name` + ".OLD".
     void Retire(std::string_view name);
 
-    /// Carries out the swap. If a step fails, what was done is undone as far as possible, and the fault is raised.
+    /// Carries out the swap. If a step fails, what was done is undone as far as possible, and the fault is
+    /// raised.
     void Run();
     /// The file at which the last Run failed.
     const std::string& FailedAt() const { return failedAt_; }

@@ -73,7 +73,8 @@ class GameCompile {
             Check();
             if (!rebuildOnly_) CompileLists();
             StartVolumes();
-            for (const AGIResType type : {rtLogic, rtPicture, rtView, rtSound}) AddCollection(type);
+            for (const AGIResType type : {rtLogic, rtPicture, rtView, rtSound})
+                AddCollection(type);
             Report(csDoneAdding);
             SwapFiles();
             Finish();
@@ -87,7 +88,8 @@ class GameCompile {
     }
 
   private:
-    // --- Reports ---------------------------------------------------------------------------------------------------
+    // --- Reports
+    // ---------------------------------------------------------------------------------------------------
 
     static void RaiseStatus(ECStatus status, AGIResType type, std::uint8_t number, const std::string& text) {
         Library().Events->CompileGameStatus.Raise(status, type, number, text);
@@ -104,7 +106,8 @@ class GameCompile {
         Report(status, resource.ResType(), resource.Number(), text);
     }
 
-    // --- The steps -------------------------------------------------------------------------------------------------
+    // --- The steps
+    // -------------------------------------------------------------------------------------------------
 
     void Check() {
         LibraryState& library = Library();
@@ -128,11 +131,13 @@ class GameCompile {
         if (const auto error = Attempt([&] {
                 if (list.IsDirty()) list.Save();
             })) {
-            Report(csResError, rtLogic, 0, "Error during compilation of " + name + " (" + error->Description() + ")");
+            Report(csResError, rtLogic, 0,
+                   "Error during compilation of " + name + " (" + error->Description() + ")");
         }
         if (sameDir_) return;
         if (const auto error = Attempt([&] { CopyToTarget(list.ResFile(), name, backup); })) {
-            Report(csResError, rtLogic, 0, "Error while creating " + name + " file (" + error->Description() + ")");
+            Report(csResError, rtLogic, 0,
+                   "Error while creating " + name + " file (" + error->Description() + ")");
         }
     }
 
@@ -153,17 +158,20 @@ class GameCompile {
         LibraryState& library = Library();
         library.CurrentVol = 0;
         library.CurrentLoc = 0;
-        for (auto& directory : library.NewDirData) directory.fill(255);
+        for (auto& directory : library.NewDirData)
+            directory.fill(255);
         library.NewVolFile = targetDir_ + "NEW_VOL.0";
         const auto error = Attempt([&] {
-            for (const std::string& name : FilesMatching(targetDir_, "NEW_VOL.*")) Files().Remove(targetDir_ + name);
+            for (const std::string& name : FilesMatching(targetDir_, "NEW_VOL.*"))
+                Files().Remove(targetDir_ + name);
             Files().Write(library.NewVolFile, {});
         });
         if (error) RaiseCatalogue(503, AGIGame::ErrorSource, error->NumberAndText());
     }
 
     void AddCollection(AGIResType type) {
-        // The members as they are now: a handler could not change them anyway, but a list in use must not move.
+        // The members as they are now: a handler could not change them anyway, but a list in use must not
+        // move.
         const std::vector<std::shared_ptr<GameResource>> members = CollectionOf(type)->Members();
         for (const auto& member : members) {
             Report(csAddResource, *member);
@@ -178,11 +186,12 @@ class GameCompile {
         FindRoom(static_cast<std::int32_t>(buffer.View().size()));
         LibraryState& library = Library();
         const DirectoryEntryBytes entry = MakeDirectoryEntry(library.CurrentVol, library.CurrentLoc);
-        std::copy(entry.begin(), entry.end(), library.NewDirData[resource.ResType()].begin() + 3 * resource.Number());
-        if (const auto error = Attempt([&] {
-                AddToVol(buffer, targetV3_, true, library.CurrentVol, library.CurrentLoc);
-            })) {
-            Report(csResError, resource, "Unable to add Logic resource to VOL file (" + error->Description() + ")");
+        std::copy(entry.begin(), entry.end(),
+                  library.NewDirData[resource.ResType()].begin() + 3 * resource.Number());
+        if (const auto error =
+                Attempt([&] { AddToVol(buffer, targetV3_, true, library.CurrentVol, library.CurrentLoc); })) {
+            Report(csResError, resource,
+                   "Unable to add Logic resource to VOL file (" + error->Description() + ")");
         }
     }
 
@@ -235,7 +244,8 @@ class GameCompile {
         }
     }
 
-    // --- The new files in their places -----------------------------------------------------------------------------
+    // --- The new files in their places
+    // -----------------------------------------------------------------------------
 
     void SwapFiles() {
         const std::string id = targetV3_ ? Library().GameID : std::string();
@@ -248,7 +258,8 @@ class GameCompile {
                 Files().Write(targetDir_ + fresh, directory.Bytes);
                 swap.Add(fresh, directory.Name);
             }
-            for (std::int32_t n = 0; n < volumeNames; ++n) AddVolumeStep(swap, n, id);
+            for (std::int32_t n = 0; n < volumeNames; ++n)
+                AddVolumeStep(swap, n, id);
             RemoveBackups(id);
             failedAt.clear();
             swap.Run();
@@ -278,9 +289,11 @@ class GameCompile {
         for (const NewDirectory& directory : NewDirectoryFiles(targetV3_, Library().GameID)) {
             names.push_back(directory.Name);
         }
-        for (std::int32_t n = 0; n < volumeNames; ++n) names.push_back(id + "VOL." + std::to_string(n));
+        for (std::int32_t n = 0; n < volumeNames; ++n)
+            names.push_back(id + "VOL." + std::to_string(n));
         for (const std::string& name : names) {
-            if (FileExists(targetDir_ + name + ".OLD")) Attempt([&] { Files().Remove(targetDir_ + name + ".OLD"); });
+            if (FileExists(targetDir_ + name + ".OLD"))
+                Attempt([&] { Files().Remove(targetDir_ + name + ".OLD"); });
         }
     }
 
@@ -308,7 +321,8 @@ class GameCompile {
     static void CleanUp() {
         Library().CompileActive = false;
         for (const AGIResType type : {rtLogic, rtPicture, rtSound, rtView}) {
-            for (const auto& member : CollectionOf(type)->Members()) member->Resource().SizeInVol(-1);
+            for (const auto& member : CollectionOf(type)->Members())
+                member->Resource().SizeInVol(-1);
         }
     }
 

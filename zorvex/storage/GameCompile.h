@@ -5,14 +5,15 @@
 
 namespace zorvex {
 
-/// Writes all resources of the open game into new volumes and directory files, packed without gaps, after compiling the
-/// vocabulary, the inventory and every logic unless `rebuildOnly`. The files go to `newGameDir`, or with an empty one
-/// to the game's own directory, where the former files stay as .OLD. While LibraryState::VersionChanging is set the
-/// layout of the other generation is written.
+/// Writes all resources of the open game into new volumes and directory files, packed without gaps, after
+/// compiling the vocabulary, the inventory and every logic unless `rebuildOnly`. The files go to
+/// `newGameDir`, or with an empty one to the game's own directory, where the former files stay as .OLD. While
+/// LibraryState::VersionChanging is set the layout of the other generation is written.
 ///
-/// New files are built under names of their own and take their places at the very end, so that a run that is canceled,
-/// fails or dies leaves the old game. Reports through AGIGameEvents::CompileGameStatus; a resource that fails is
-/// reported there and is absent from the new game. Raises 561, 694, 503, 593, 638 and 640 for a failure of the whole run.
+/// New files are built under names of their own and take their places at the very end, so that a run that is
+/// canceled, fails or dies leaves the old game. Reports through AGIGameEvents::CompileGameStatus; a resource
+/// that fails is reported there and is absent from the new game. Raises 561, 694, 503, 593, 638 and 640 for a
+/// failure of the whole run.
 void CompileGameFiles(bool rebuildOnly, std::string_view newGameDir);
 
 }  // namespace zorvex

@@ -36,12 +36,12 @@ class ResourceCollectionBase {
     /// The highest number in use; for an empty collection -1 for logics and 0 for the others.
     std::int16_t Max() const;
 
-    /// Takes a resource out of the game: its directory entry is blanked on disk, its section leaves the property list.
-    /// The bytes in the volume stay until their space is used. Raises 617.
+    /// Takes a resource out of the game: its directory entry is blanked on disk, its section leaves the
+    /// property list. The bytes in the volume stay until their space is used. Raises 617.
     void Remove(std::uint8_t number);
-    /// Gives a resource another number; nothing in a volume moves. A default ID follows the number, and with it a
-    /// logic's source file. Nothing happens when both numbers are the same. Raises 669 when the new number is taken and
-    /// 670 for any failure.
+    /// Gives a resource another number; nothing in a volume moves. A default ID follows the number, and with
+    /// it a logic's source file. Nothing happens when both numbers are the same. Raises 669 when the new
+    /// number is taken and 670 for any failure.
     void Renumber(std::uint8_t oldNumber, std::uint8_t newNumber);
 
     // --- For the library
@@ -84,9 +84,10 @@ class ResourceCollection : public ResourceCollectionBase {
         return std::static_pointer_cast<Resource>(Require(number));
     }
 
-    /// Adds a new resource, or with `source` a copy of it, and saves it into a volume and the property list. The ID is
-    /// the default one or that of the source, with "_1", "_2" and so on behind it when it is taken. Raises 602 for a
-    /// number in use, and the family's own number for any failure; what failed while saving stays in the collection.
+    /// Adds a new resource, or with `source` a copy of it, and saves it into a volume and the property list.
+    /// The ID is the default one or that of the source, with "_1", "_2" and so on behind it when it is taken.
+    /// Raises 602 for a number in use, and the family's own number for any failure; what failed while saving
+    /// stays in the collection.
     std::shared_ptr<Resource> Add(std::uint8_t number, Resource* source = nullptr) {
         return std::static_pointer_cast<Resource>(AddMember(number, source));
     }

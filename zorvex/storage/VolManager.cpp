@@ -26,6 +26,10 @@ struct Span {
     std::int32_t length;
 };
 
+bool StartsBefore(const Span& left, const Span& right) {
+    return left.start < right.start;
+}
+
 using SpanTable = std::array<std::vector<Span>, volumeCount>;
 
 SpanTable CollectSpans(const AGIResource& except, std::int32_t headerLength) {
@@ -44,26 +48,20 @@ SpanTable CollectSpans(const AGIResource& except, std::int32_t headerLength) {
         }
     }
     for (auto& ofVolume : spans) {
-        std::stable_sort(ofVolume.begin(), ofVolume.end(),
-                         [](const Span& left, const Span& right) { return left.start < right.start; });
+        std::stable_sort(ofVolume.begin(), ofVolume.end(), StartsBefore);
     }
     return spans;
 }
 
-bool PlaceInGap(AGIResource& resource, const std::vector<Span>& spans, std::int32_t volume,
-                std::int32_t needed) {
+/// The start of the first gap between spans, in rising order, that takes `needed` bytes; -1 if there is none.
+std::int32_t FirstGap(const std::vector<Span>& spans, std::int32_t needed) {
     std::int32_t position = 0;
-    for (std::size_t i = 0; i <= spans.size(); ++i) {
-        const std::int32_t end = i < spans.size() ? spans[i].start : Library().MaxVolSize;
-        if (end - position >= needed) {
-            resource.Volume(volume);
-            resource.Loc(position);
-            return true;
-        }
+    for (const Span& span : spans) {
+        if (span.start - position >= needed) return position;
         // Damaged directories can let spans overlap; the gap begins where the last of them ends.
-        if (i < spans.size()) position = std::max(position, spans[i].start + spans[i].length);
+        position = std::max(position, span.start + span.length);
     }
-    return false;
+    return Library().MaxVolSize - position >= needed ? position : -1;
 }
 
 /// The simpler search, for a volume with more resources than the tables hold: the end of a volume that has
@@ -125,7 +123,11 @@ void FindFreeVOLSpace(AGIResource& resource) {
         return;
     }
     for (std::int32_t volume = 0; volume <= HighestVolume(isV3); ++volume) {
-        if (PlaceInGap(resource, spans[static_cast<std::size_t>(volume)], volume, needed)) return;
+        const std::int32_t loc = FirstGap(spans[static_cast<std::size_t>(volume)], needed);
+        if (loc < 0) continue;
+        resource.Volume(volume);
+        resource.Loc(loc);
+        return;
     }
     RaiseTooBig(source);
 }
@@ -144,25 +146,149 @@ ByteArray HeaderAndData(const AGIResource& resource, std::int32_t volume, bool i
 
 }  // namespace
 
+namespace {
+
+/// A place in a volume.
+struct Place {
+    std::int32_t volume;
+    std::int32_t loc;
+    std::int32_t length;
+
+    bool Overlaps(const Place& other) const {
+        return volume == other.volume && loc < other.loc + other.length && other.loc < loc + length;
+    }
+};
+
+/// Writes a resource of the open game into its volumes so that its old form is there until the new one is:
+/// the directory entry moves only to bytes that are written, and bytes that an entry points at are not
+/// written over.
+class PlacedWrite {
+  public:
+    explicit PlacedWrite(AGIResource& resource) : resource_(resource), isV3_(Library().IsV3) {
+        old_ = {resource.Volume(), resource.Loc(), 0};
+        Attempt([&] { old_.length = resource.SizeInVol() + HeaderLength(isV3_); });
+    }
+
+    void Run() {
+        FindFreeVOLSpace(resource_);
+        const Place target{resource_.Volume(), resource_.Loc(),
+                           static_cast<std::int32_t>(resource_.View().size()) + HeaderLength(isV3_)};
+        if (!target.Overlaps(old_)) {
+            Write(target);
+            UpdateEntry(target);
+        } else if (target.loc == old_.loc) {
+            WriteOver(target);
+            UpdateEntry(target);
+        } else {
+            MoveOver(target);
+        }
+    }
+
+  private:
+    void Write(const Place& place) const {
+        Wrapped(638, [&] {
+            Files().WriteAt(VolumePath(place.volume), static_cast<std::uint64_t>(place.loc), BytesAt(place));
+        });
+    }
+
+    ByteArray BytesAt(const Place& place) const { return HeaderAndData(resource_, place.volume, isV3_); }
+
+    /// Puts the new form over the old one by a new volume file that takes the old one's place.
+    void WriteOver(const Place& place) const {
+        Wrapped(638, [&] {
+            const std::string path = VolumePath(place.volume);
+            ByteArray volume = Files().Read(path);
+            const ByteArray bytes = BytesAt(place);
+            const auto start = static_cast<std::size_t>(place.loc);
+            if (volume.size() < start + bytes.size()) volume.resize(start + bytes.size());
+            std::copy(bytes.begin(), bytes.end(), volume.begin() + place.loc);
+            ReplaceWholeFile(path, volume);
+        });
+    }
+
+    /// Moves to a place that takes in part of the old one, by way of a third place.
+    void MoveOver(const Place& target) {
+        Place between = target;
+        std::uint64_t oldLength = 0;
+        if (FindBetween(target, between)) {
+            oldLength = FileExists(VolumePath(between.volume)) ? Files().Size(VolumePath(between.volume)) : 0;
+            Write(between);
+            UpdateEntry(between);
+            Write(target);
+            UpdateEntry(target);
+            CutVolume(between.volume, target, oldLength);
+        } else {
+            WriteOver(target);
+            UpdateEntry(target);
+        }
+    }
+
+    bool FindBetween(const Place& target, Place& between) const {
+        SpanTable spans;
+        if (Attempt([&] { spans = CollectSpans(resource_, HeaderLength(isV3_)); })) return false;
+        for (const Place& taken : {old_, target}) {
+            auto& ofVolume = At(spans, taken.volume);
+            ofVolume.push_back({taken.loc, taken.length});
+            std::stable_sort(ofVolume.begin(), ofVolume.end(), StartsBefore);
+        }
+        for (std::int32_t volume = 0; volume <= HighestVolume(isV3_); ++volume) {
+            const std::int32_t loc = FirstGap(spans[static_cast<std::size_t>(volume)], target.length);
+            if (loc < 0) continue;
+            between = {volume, loc, target.length};
+            return true;
+        }
+        return false;
+    }
+
+    /// Takes the end of a volume off again that only the place between has added.
+    void CutVolume(std::int32_t volume, const Place& target, std::uint64_t oldLength) const {
+        Attempt([&] {
+            const std::string path = VolumePath(volume);
+            const auto end =
+                static_cast<std::uint64_t>(target.volume == volume ? target.loc + target.length : 0);
+            const std::uint64_t wanted = std::max(oldLength, end);
+            if (wanted == 0) {
+                Files().Remove(path);
+            } else if (Files().Size(path) > wanted) {
+                ReplaceWholeFile(path, Files().ReadAt(path, 0, static_cast<std::size_t>(wanted)));
+            }
+        });
+    }
+
+    /// Points the directory at a place; if that fails, the place that it still points at counts as taken.
+    void UpdateEntry(const Place& place) {
+        resource_.Volume(place.volume);
+        resource_.Loc(place.loc);
+        if (UpdateDirFile(resource_, false)) {
+            UpdateSizeInVol(resource_, place.length - HeaderLength(isV3_));
+            old_ = place;
+            return;
+        }
+        resource_.Volume(old_.volume);
+        resource_.Loc(old_.loc);
+    }
+
+    AGIResource& resource_;
+    bool isV3_;
+    Place old_{};
+};
+
+}  // namespace
+
 void AddToVol(AGIResource& resource, bool isV3File, bool rebuild, std::int32_t vol, std::int32_t loc) {
-    LibraryState& library = Library();
     const auto size = static_cast<std::int32_t>(resource.View().size());
     if (size > 0xFFFF) RaiseCatalogue(516, AGIResource::ErrorSource);  // the header has 16 bits for the size
     if (!rebuild) {
-        FindFreeVOLSpace(resource);
-        vol = resource.Volume();
-        loc = resource.Loc();
+        PlacedWrite(resource).Run();
+        return;
     }
-    const std::string path = rebuild ? library.NewVolFile : VolumePath(vol);
+    LibraryState& library = Library();
     Wrapped(638, [&] {
-        Files().WriteAt(path, static_cast<std::uint64_t>(loc), HeaderAndData(resource, vol, isV3File));
+        Files().WriteAt(library.NewVolFile, static_cast<std::uint64_t>(loc),
+                        HeaderAndData(resource, vol, isV3File));
     });
     UpdateSizeInVol(resource, size);
-    if (rebuild) {
-        library.CurrentLoc += size + HeaderLength(isV3File);
-    } else {
-        UpdateDirFile(resource, false);
-    }
+    library.CurrentLoc += size + HeaderLength(isV3File);
 }
 
 void UpdateSizeInVol(const AGIResource& resource, std::int32_t size) {

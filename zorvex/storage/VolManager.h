@@ -52,9 +52,8 @@ void UpdateSizeInVol(const AGIResource& resource, std::int32_t size);
 /// The stored data size from a resource's header in the open game, or -1 where there is no header.
 std::int32_t ReadSizeInVol(std::int32_t volume, std::int32_t loc);
 
-/// Moves a rebuild on to another new volume when `size` bytes do not fit in the present one; volumes left behind are
-/// looked at again. Raises 593 and
-/// 640.
+/// Moves a rebuild on to another new volume when `size` bytes do not fit in the present one; volumes left
+/// behind are looked at again. Raises 593 and 640.
 void ValidateVolAndLoc(std::int32_t size, bool isV3);
 
 }  // namespace zorvex

@@ -162,6 +162,11 @@ void AGIView::Clear() {
     DataDirty(true);
 }
 
+void AGIView::WriteNumberedProperties() const {
+    WriteKey("ID", ID());
+    WriteKey("Description", Description(), false);
+}
+
 void AGIView::Save(std::string_view saveFile) {
     if (InGame() && WritePropState()) {
         WriteKey("ID", ID());

@@ -65,6 +65,8 @@ class AGIView : public GameResource {
     // --- For the library
     // -------------------------------------------------------------------------------------------
 
+    void CopyFrom(GameResource& source) override { SetView(static_cast<AGIView&>(source)); }
+    void WriteNumberedProperties() const override;
     /// Writes loops and description into the buffer. Raises 632.
     void BuildViewData();
 
