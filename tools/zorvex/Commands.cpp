@@ -5,8 +5,18 @@ namespace zorvex::tool {
 void AddAllCommands(CommandLine& line) {
     AddInfoCommand(line);
     AddListCommand(line);
+    AddVerifyCommand(line);
     AddExtractCommand(line);
     AddPutCommand(line);
+    AddAddCommand(line);
+    AddRemoveCommand(line);
+    AddRenumberCommand(line);
+    AddRenameCommand(line);
+    AddPropsCommand(line);
+    AddBuildCommand(line);
+    AddConvertCommand(line);
+    AddNewCommand(line);
+    AddRepairCommand(line);
 }
 
 }  // namespace zorvex::tool

@@ -5,10 +5,20 @@
 
 namespace zorvex::tool {
 
+void AddAddCommand(CommandLine& line);
+void AddBuildCommand(CommandLine& line);
+void AddConvertCommand(CommandLine& line);
 void AddExtractCommand(CommandLine& line);
 void AddInfoCommand(CommandLine& line);
 void AddListCommand(CommandLine& line);
+void AddNewCommand(CommandLine& line);
+void AddPropsCommand(CommandLine& line);
 void AddPutCommand(CommandLine& line);
+void AddRemoveCommand(CommandLine& line);
+void AddRenameCommand(CommandLine& line);
+void AddRenumberCommand(CommandLine& line);
+void AddRepairCommand(CommandLine& line);
+void AddVerifyCommand(CommandLine& line);
 
 /// Adds all of them, in the order in which the help lists them.
 void AddAllCommands(CommandLine& line);

@@ -1,6 +1,7 @@
 // zorvex put: new bytes for a resource.
 #include "tools/zorvex/Commands.h"
 #include "tools/zorvex/Console.h"
+#include "tools/zorvex/Editing.h"
 #include "tools/zorvex/OpenedGame.h"
 #include "tools/zorvex/Resources.h"
 #include "zorvex/game/AGIGame.h"
@@ -33,8 +34,7 @@ int Run(const PutOptions& options) {
                          " bytes; a resource has 1 to " + std::to_string(MaxResourceSize));
     }
     OpenedGame game(options.Game, Access::Change);
-    const auto member = CollectionOf(selection.Type)->Find(*selection.Number);
-    if (!member) throw Error(ObjectErrorBase + 617, "zorvex", CatalogueText(617));
+    const auto member = RequireResource(selection);
     AGIResource& resource = member->Resource();
     // The old bytes are not read: a resource that is damaged can be replaced as well.
     resource.SetAllData(bytes);

@@ -1,0 +1,210 @@
+// zorvex build: a game's files made anew.
+#include <atomic>
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <filesystem>
+
+#include "tools/zorvex/Commands.h"
+#include "tools/zorvex/Console.h"
+#include "tools/zorvex/Diagnostics.h"
+#include "tools/zorvex/Json.h"
+#include "tools/zorvex/OpenedGame.h"
+#include "tools/zorvex/Resources.h"
+#include "zorvex/game/Helpers.h"
+#include "zorvex/game/LibraryState.h"
+#include "zorvex/game/Text.h"
+#include "zorvex/storage/VolManager.h"
+
+namespace zorvex::tool {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+struct BuildOptions {
+    std::string Game;
+    std::string Output;
+    std::int32_t MaxVol0 = 0;
+    bool RebuildOnly = false;
+    bool Json = false;
+};
+
+void Declare(CLI::App& command, BuildOptions& options) {
+    DeclareGame(command, options.Game);
+    command.add_option(
+        "-o,--output", options.Output,
+        "A directory for the new game; without it the game itself is built and its former files "
+        "stay as .OLD");
+    command.add_flag("--rebuild-only", options.RebuildOnly, "Only pack the resources; compile nothing");
+    command.add_option("--max-vol0", options.MaxVol0,
+                       "Fill volume 0 no further than this many bytes (32768 or more)");
+    DeclareJson(command, options.Json);
+}
+
+std::atomic<bool> interrupted = false;
+
+/// While it lives, an interrupt from the keyboard asks the build to stop instead of ending the program.
+class InterruptGuard {
+  public:
+    InterruptGuard() {
+        interrupted = false;
+        before_ = std::signal(SIGINT, [](int) { interrupted = true; });
+    }
+    ~InterruptGuard() { std::signal(SIGINT, before_); }
+    InterruptGuard(const InterruptGuard&) = delete;
+    InterruptGuard& operator=(const InterruptGuard&) = delete;
+
+  private:
+    void (*before_)(int);
+};
+
+std::size_t ResourceCount() {
+    std::size_t count = 0;
+    for (const AGIResType type : listedTypes)
+        count += static_cast<std::size_t>(CollectionOf(type)->Count());
+    return count;
+}
+
+/// Follows a build through its events.
+class BuildReport {
+  public:
+    explicit BuildReport(AGIGame& game)
+        : game_(game),
+          diagnostics_(game),
+          progress_("Building", ResourceCount()),
+          subscription_(game.GameEvents().CompileGameStatus.Subscribe(
+              [this](ECStatus status, AGIResType type, std::uint8_t number, const std::string& text) {
+                  Take(status, type, number, text);
+              })) {}
+
+    bool Canceled() const { return canceled_; }
+    std::size_t Added() const { return started_ - failed_; }
+    std::size_t Failed() const { return failed_; }
+    const DiagnosticList& Diagnostics() const { return diagnostics_; }
+    const std::vector<std::string>& Problems() const { return problems_; }
+
+    void Say() const {
+        diagnostics_.Say();
+        for (const std::string& problem : problems_)
+            SayError(problem);
+        for (const std::string& warning : warnings_)
+            SayWarning(warning);
+    }
+
+  private:
+    void Take(ECStatus status, AGIResType type, std::uint8_t number, const std::string& text) {
+        const std::string name = TypeName(type) + " " + std::to_string(number);
+        switch (status) {
+            case csAddResource: progress_.Show(started_++, name); break;
+            case csLogicError:
+                diagnostics_.AddError(number, text);
+                ++failed_;
+                break;
+            case csResError:
+                problems_.push_back(text.starts_with("Error") ? text : name + ": " + text);
+                if (!text.starts_with("Error")) ++failed_;
+                break;
+            case csWarning: warnings_.push_back(name + ": " + Split(text, "|")[1]); break;
+            case csCanceled: canceled_ = true; break;
+            default: break;
+        }
+        if (interrupted) game_.CancelCompile();
+    }
+
+    AGIGame& game_;
+    DiagnosticList diagnostics_;
+    Progress progress_;
+    std::vector<std::string> problems_;
+    std::vector<std::string> warnings_;
+    std::size_t started_ = 0;
+    std::size_t failed_ = 0;
+    bool canceled_ = false;
+    Subscription subscription_;
+};
+
+/// What a build into another directory does not write there by itself.
+void CopyCompanions(const OpenedGame& opened, const fs::path& target, bool rebuildOnly) {
+    std::vector<std::string> names{JustFileName(Library().GameFile)};
+    if (rebuildOnly) names.insert(names.end(), {"WORDS.TOK", "OBJECT"});
+    const std::string from = InnerPath(opened.Directory().string()) + "\\";
+    const std::string to = InnerPath(target.string()) + "\\";
+    for (const std::string& name : names) {
+        if (Files().Kind(from + name) == FileKind::File) Files().Copy(from + name, to + name);
+    }
+}
+
+/// Volumes and bytes of the game in a directory.
+Json VolumesIn(const fs::path& directory) {
+    std::uint64_t bytes = 0;
+    int volumes = 0;
+    for (std::int32_t n = 0; n <= HighestVolume(Library().IsV3); ++n) {
+        const std::string path =
+            InnerPath(directory.string()) + "\\" + VolumeName(n, Library().IsV3, Library().GameID);
+        if (Files().Kind(path) != FileKind::File) continue;
+        ++volumes;
+        bytes += Files().Size(path);
+    }
+    return {{"volumes", volumes}, {"bytes", bytes}};
+}
+
+Json Summary(const BuildReport& report, const fs::path& directory, double seconds) {
+    Json summary{{"resources", report.Added()}, {"failed", report.Failed()}, {"canceled", report.Canceled()}};
+    summary.update(VolumesIn(directory));
+    summary["seconds"] = seconds;
+    summary["problems"] = report.Problems();
+    summary["diagnostics"] = Json::array();
+    for (const Diagnostic& diagnostic : report.Diagnostics().All())
+        summary["diagnostics"].push_back(JsonOf(diagnostic));
+    return summary;
+}
+
+void PrintSummary(const Json& summary) {
+    std::printf("%zu resources in %d volumes, %zu bytes, %.2f s\n", summary["resources"].get<std::size_t>(),
+                summary["volumes"].get<int>(), summary["bytes"].get<std::size_t>(),
+                summary["seconds"].get<double>());
+    if (summary["failed"] != 0) std::printf("%zu resources failed\n", summary["failed"].get<std::size_t>());
+}
+
+int Run(const BuildOptions& options) {
+    const bool elsewhere = !options.Output.empty();
+    if (options.MaxVol0 != 0 && options.MaxVol0 < 32768) throw UsageError("--max-vol0 takes 32768 or more");
+    OpenedGame opened(options.Game, elsewhere ? Access::Look : Access::Change);
+    AGIGame& game = opened.Game();
+    if (options.MaxVol0 > 0) game.MaxVol0Size(options.MaxVol0);
+    fs::path target = opened.Directory();
+    if (elsewhere) {
+        MakeOutputDirectory(options.Output);
+        target = fs::absolute(options.Output);
+    }
+
+    const InterruptGuard guard;
+    BuildReport report(game);
+    const auto start = std::chrono::steady_clock::now();
+    game.CompileGame(options.RebuildOnly, elsewhere ? target.string() : "");
+    const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
+    if (elsewhere && !report.Canceled()) CopyCompanions(opened, target, options.RebuildOnly);
+
+    report.Say();
+    const Json summary = Summary(report, target, seconds.count());
+    if (options.Json) PrintJson(summary);
+    if (report.Canceled()) {
+        SayNote("canceled; the game is as it was");
+        return exitFailed;
+    }
+    if (!options.Json) PrintSummary(summary);
+    return report.Failed() == 0 && report.Problems().empty() ? exitDone : exitFailed;
+}
+
+}  // namespace
+
+void AddBuildCommand(CommandLine& line) {
+    AddCommand<BuildOptions>(line,
+                             {"build", "Compiles a game and writes all its files anew, packed without gaps.",
+                              "  zorvex build mygame                      compile and pack the game itself\n"
+                              "  zorvex build mygame -o release           the same into another directory\n"
+                              "  zorvex build mygame --rebuild-only       only pack the volumes"},
+                             Declare, Run);
+}
+
+}  // namespace zorvex::tool

@@ -1,0 +1,125 @@
+#include "tools/zorvex/Diagnostics.h"
+
+#include <algorithm>
+#include <cstdio>
+
+#include "tools/zorvex/Console.h"
+#include "zorvex/compiler/LogCompile.h"
+#include "zorvex/game/Helpers.h"
+#include "zorvex/game/Text.h"
+#include "zorvex/logic/StringList.h"
+
+namespace zorvex::tool {
+
+namespace {
+
+std::string SourcePath(std::uint8_t logic) {
+    const auto member = CollectionOf(rtLogic)->Find(logic);
+    return member ? static_cast<AGILogic&>(*member).SourceFile() : std::string();
+}
+
+/// A line of a source as host text; empty when it cannot be read.
+std::string ReadLine(const std::string& path, int line) {
+    if (path.empty() || line < 1) return {};
+    try {
+        const ByteArray bytes = Files().Read(path);
+        StringList lines;
+        lines.Assign(std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size()));
+        return line <= lines.Count() ? ConvertToCodePage(lines.Lines()[static_cast<std::size_t>(line - 1)])
+                                     : "";
+    } catch (const Error&) {  // the message stands without its line
+        return {};
+    }
+}
+
+/// The next field of a text whose fields are parted by "|"; the last takes the rest.
+std::string_view TakeField(std::string_view& text) {
+    const std::size_t bar = text.find('|');
+    const std::string_view field = text.substr(0, bar);
+    text = bar == std::string_view::npos ? std::string_view() : text.substr(bar + 1);
+    return field;
+}
+
+}  // namespace
+
+DiagnosticList::DiagnosticList(AGIGame& game)
+    : subscription_(game.GameEvents().LogCompWarning.Subscribe(
+          [this](const std::string& warning, std::uint8_t logic) { AddWarning(warning, logic); })) {}
+
+void DiagnosticList::Place(Diagnostic& diagnostic, std::string_view line, const std::string& module) const {
+    const std::string file = module.empty() ? SourcePath(diagnostic.Logic) : module;
+    diagnostic.Line = std::max(0, static_cast<int>(Val(line)));
+    diagnostic.Column = CompileColumn();
+    diagnostic.Path = NativePath(ShownText(file));
+    diagnostic.SourceLine = ReadLine(file, diagnostic.Line);
+}
+
+// A warning is "number|text|line|module"; its text may hold bars of its own.
+void DiagnosticList::AddWarning(std::string_view warning, std::uint8_t logic) {
+    Diagnostic diagnostic;
+    diagnostic.Logic = logic;
+    const std::size_t beforeModule = warning.rfind('|');
+    const std::size_t beforeLine = beforeModule == 0 ? 0 : warning.rfind('|', beforeModule - 1);
+    std::string_view head = warning.substr(0, beforeLine);
+    diagnostic.Number = static_cast<int>(Val(TakeField(head)));
+    diagnostic.Text = head;
+    Place(diagnostic, warning.substr(beforeLine + 1, beforeModule - beforeLine - 1),
+          std::string(warning.substr(beforeModule + 1)));
+    all_.push_back(std::move(diagnostic));
+}
+
+// An error is "line|module|text", and its text begins with its number.
+void DiagnosticList::AddError(std::uint8_t logic, std::string_view description) {
+    Diagnostic diagnostic;
+    diagnostic.IsError = true;
+    diagnostic.Logic = logic;
+    std::string_view rest = description;
+    const std::string line(TakeField(rest));
+    if (rest.empty()) {
+        diagnostic.Text = description;
+        diagnostic.Path = NativePath(ShownText(SourcePath(logic)));
+    } else {
+        const std::string module(TakeField(rest));
+        Place(diagnostic, line, module);
+        diagnostic.Number = static_cast<int>(Val(rest));
+        diagnostic.Text = rest;
+    }
+    all_.push_back(std::move(diagnostic));
+}
+
+std::size_t DiagnosticList::Errors() const {
+    return static_cast<std::size_t>(std::count_if(
+        all_.begin(), all_.end(), [](const Diagnostic& diagnostic) { return diagnostic.IsError; }));
+}
+
+void DiagnosticList::Say(std::size_t first) const {
+    for (std::size_t i = first; i < all_.size(); ++i) {
+        const Diagnostic& diagnostic = all_[i];
+        std::string text = diagnostic.Path;
+        if (diagnostic.Line > 0) text += ":" + std::to_string(diagnostic.Line);
+        text += diagnostic.IsError ? ": error: " : ": warning: ";
+        text += ShownText(diagnostic.Text);
+        if (!diagnostic.IsError) text += " [" + std::to_string(diagnostic.Number) + "]";
+        text += "\n";
+        if (!diagnostic.SourceLine.empty()) {
+            std::string shown = ReplaceAll(diagnostic.SourceLine, "\t", " ");
+            text += "    " + shown + "\n";
+            if (diagnostic.Column > 0) {
+                text += "    " + std::string(static_cast<std::size_t>(diagnostic.Column - 1), ' ') + "^\n";
+            }
+        }
+        std::fputs(text.c_str(), stderr);
+    }
+}
+
+Json JsonOf(const Diagnostic& diagnostic) {
+    return {{"severity", diagnostic.IsError ? "error" : "warning"},
+            {"logic", diagnostic.Logic},
+            {"path", diagnostic.Path},
+            {"line", diagnostic.Line},
+            {"column", diagnostic.Column},
+            {"number", diagnostic.Number},
+            {"text", ShownText(diagnostic.Text)}};
+}
+
+}  // namespace zorvex::tool

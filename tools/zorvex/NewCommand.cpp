@@ -1,0 +1,64 @@
+// zorvex new: a new game.
+#include <cstdio>
+#include <filesystem>
+
+#include "tools/zorvex/Commands.h"
+#include "tools/zorvex/Console.h"
+#include "tools/zorvex/Resources.h"
+
+namespace zorvex::tool {
+
+namespace {
+
+struct NewOptions {
+    std::string Directory;
+    std::string ID;
+    std::string Version = "2.936";
+    std::string ResDir = "src";
+    std::string Template;
+};
+
+void Declare(CLI::App& command, NewOptions& options) {
+    command.add_option("directory", options.Directory, "The directory for the game; it is made if need be")
+        ->required();
+    command.add_option("--id", options.ID, "The game's ID: at most 6 characters, 5 for a V3 game")
+        ->required();
+    command
+        .add_option("--version", options.Version,
+                    "The interpreter version; with a template the template's counts")
+        ->capture_default_str();
+    command.add_option("--res-dir", options.ResDir, "The name of the directory for sources")
+        ->capture_default_str();
+    command.add_option("--template", options.Template, "The directory of a game to start from");
+}
+
+int Run(const NewOptions& options) {
+    MakeOutputDirectory(options.Directory);
+    AGIGame game;
+    std::string resDir = options.ResDir;
+    try {
+        game.NewGame(options.ID, options.Version, std::filesystem::absolute(options.Directory).string(),
+                     resDir,
+                     options.Template.empty() ? "" : std::filesystem::absolute(options.Template).string());
+    } catch (const Error& error) {
+        if (!error.Is(637)) throw;
+        SayWarning(error.Description() + "; see errlog.txt in " + options.Directory);
+    }
+    const std::string id = game.GameID();
+    game.CloseGame();
+    std::printf("%s\n", (std::filesystem::path(options.Directory) / (id + ".zvg")).string().c_str());
+    return exitDone;
+}
+
+}  // namespace
+
+void AddNewCommand(CommandLine& line) {
+    AddCommand<NewOptions>(
+        line,
+        {"new", "Makes a new game, empty or from a template, and prints its property file.",
+         "  zorvex new mygame --id MINE                          a V2 game with an empty logic 0\n"
+         "  zorvex new mygame --id MINE --template othergame     a copy of another game"},
+        Declare, Run);
+}
+
+}  // namespace zorvex::tool
