@@ -4,6 +4,8 @@
 
 #include "tools/zorvex/Commands.h"
 #include "tools/zorvex/Console.h"
+#include "tools/zorvex/GameCopy.h"
+#include "tools/zorvex/OpenedGame.h"
 #include "tools/zorvex/Resources.h"
 
 namespace zorvex::tool {
@@ -32,14 +34,26 @@ void Declare(CLI::App& command, NewOptions& options) {
     command.add_option("--template", options.Template, "The directory of a game to start from");
 }
 
+/// The template as the library wants it, with a property file. A plain game directory gets one in a scratch
+/// copy.
+std::string PreparedTemplate(const std::string& directory, const ScratchDirectory& scratch) {
+    if (directory.empty()) return {};
+    const std::string path = std::filesystem::absolute(directory).string();
+    if (!std::filesystem::is_directory(path) || !FilesMatching(InnerPath(path), "*.zvg").empty()) return path;
+    const std::string copy = CopyGame(path, scratch.Path().string());
+    const OpenedGame opened(copy, Access::Change);
+    return copy;
+}
+
 int Run(const NewOptions& options) {
+    const ScratchDirectory scratch;
+    const std::string templateDir = PreparedTemplate(options.Template, scratch);
     MakeOutputDirectory(options.Directory);
     AGIGame game;
     std::string resDir = options.ResDir;
     try {
         game.NewGame(options.ID, options.Version, std::filesystem::absolute(options.Directory).string(),
-                     resDir,
-                     options.Template.empty() ? "" : std::filesystem::absolute(options.Template).string());
+                     resDir, templateDir);
     } catch (const Error& error) {
         if (!error.Is(637)) throw;
         SayWarning(error.Description() + "; see errlog.txt in " + options.Directory);
