@@ -1,5 +1,7 @@
 #include "tests/support/CaseFile.h"
 
+#include <gtest/gtest.h>
+
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>

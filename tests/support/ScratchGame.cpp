@@ -1,5 +1,7 @@
 #include "tests/support/ScratchGame.h"
 
+#include <gtest/gtest.h>
+
 #include "tests/support/LogicBytes.h"
 #include "tests/support/TestFiles.h"
 #include "zorvex/compiler/AGICommandFunctions.h"

@@ -1,5 +1,8 @@
 #include "tests/support/TestFiles.h"
 
+#include <gtest/gtest.h>
+
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
