@@ -1,0 +1,149 @@
+// Builds the sample game from its texts.
+// usage: BuildSampleGame SOURCES DIRECTORY
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+#include <string>
+
+#include "examples/PictureText.h"
+#include "examples/ViewText.h"
+#include "zorvex/Zorvex.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct NamedResource {
+    std::uint8_t number;
+    const char* id;
+};
+
+constexpr NamedResource pictures[]{
+    {1, "TitlePic"}, {2, "GardenPic"}, {3, "CavePic"}, {4, "LampRoomPic"}, {5, "EndingPic"}};
+constexpr NamedResource views[]{{0, "Ego"}, {1, "OilCan"}, {2, "BrassKey"}, {3, "OpenDoor"}};
+constexpr NamedResource sounds[]{{1, "Tune"}, {2, "Chime"}, {3, "Fanfare"}};
+constexpr NamedResource logics[]{{0, "Main"}, {1, "Title"},    {2, "Garden"},
+                                 {3, "Cave"}, {4, "LampRoom"}, {5, "Ending"}};
+
+std::string TextOf(const fs::path& path) {
+    std::ifstream stream(path, std::ios::binary);
+    if (!stream) throw std::runtime_error("cannot read " + path.string());
+    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+}
+
+/// Makes the game in an empty directory.
+class SampleGame {
+  public:
+    SampleGame(fs::path sources, fs::path directory)
+        : sources_(std::move(sources)), directory_(std::move(directory)) {}
+
+    void Build() {
+        fs::create_directories(directory_);
+        std::string resDir = "src";
+        game_.NewGame("LAMP", "2.936", directory_.string(), resDir);
+        game_.LogicSourceSettings()->UseReservedNames(true);
+        game_.LogicSourceSettings()->ErrorLevel(zorvex::leMedium);
+        game_.GameDescription("The Last Lamp");
+        game_.GameVersion("1.0");
+        game_.GameAbout("The sample game of Zorvex.");
+        AddLists();
+        AddPictures();
+        AddViews();
+        AddSounds();
+        AddLogics();
+        game_.CompileGame();
+        game_.CloseGame();
+    }
+
+  private:
+    void AddLists() {
+        zorvex::AGIWordList words;
+        words.Load((sources_ / "words.agw").string());
+        game_.VocabularyWords()->SetWords(words);
+        game_.VocabularyWords()->IsDirty(true);
+        game_.VocabularyWords()->Save();
+        zorvex::AGIInventoryObjects items;
+        items.Load((sources_ / "items.ago").string());
+        game_.InventoryObjects()->SetObjects(items);
+        game_.InventoryObjects()->IsDirty(true);
+        game_.InventoryObjects()->Save();
+        fs::copy_file(sources_ / "globals.txt", directory_ / "globals.txt");
+    }
+
+    void AddPictures() {
+        for (const NamedResource& named : pictures) {
+            zorvex::AGIPicture picture;
+            const fs::path file = sources_ / "pictures" / (std::string(named.id) + ".txt");
+            picture.SetPictureData(sample::PictureFromText(TextOf(file)));
+            if (picture.BMPErrLevel() != 0) throw std::runtime_error(file.string() + " draws with faults");
+            picture.ID(named.id);
+            game_.Pictures().Add(named.number, &picture)->Unload();
+        }
+    }
+
+    void AddViews() {
+        for (const NamedResource& named : views) {
+            zorvex::AGIView view;
+            sample::ReadViewText(view, TextOf(sources_ / "views" / (std::string(named.id) + ".txt")));
+            view.ID(named.id);
+            game_.Views().Add(named.number, &view)->Unload();
+        }
+    }
+
+    void AddSounds() {
+        for (const NamedResource& named : sounds) {
+            zorvex::AGISound sound;
+            sound.Import((sources_ / "sounds" / (std::string(named.id) + ".ass")).string());
+            sound.ID(named.id);
+            game_.Sounds().Add(named.number, &sound)->Unload();
+        }
+    }
+
+    void AddLogics() {
+        // All logics are there before the first is compiled, so that each can name the others.
+        for (const NamedResource& named : logics) {
+            if (named.number != 0) game_.Logics().Add(named.number);
+            const auto logic = game_.Logics().Item(named.number);
+            logic->ID(named.id);
+            if (named.number != 0) logic->IsRoom(true);
+            fs::copy_file(sources_ / "logics" / (std::string(named.id) + ".lgc"),
+                          directory_ / "src" / (std::string(named.id) + ".lgc"),
+                          fs::copy_options::overwrite_existing);
+        }
+        for (const NamedResource& named : logics)
+            CompileLogic(*game_.Logics().Item(named.number), named.id);
+    }
+
+    static void CompileLogic(zorvex::AGILogic& logic, const char* id) {
+        if (logic.Loaded()) logic.Unload();
+        logic.Load();
+        try {
+            logic.Compile();
+        } catch (const zorvex::Error& error) {
+            throw std::runtime_error(std::string(id) + ".lgc: " + error.Description());
+        }
+        logic.Unload();
+    }
+
+    fs::path sources_;
+    fs::path directory_;
+    zorvex::AGIGame game_;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 3) {
+        std::fputs("usage: BuildSampleGame SOURCES DIRECTORY\n", stderr);
+        return 2;
+    }
+    try {
+        SampleGame(argv[1], fs::absolute(argv[2])).Build();
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "BuildSampleGame: %s\n", error.what());
+        return 1;
+    }
+    return 0;
+}
