@@ -58,17 +58,18 @@ class SampleGame {
     }
 
   private:
+    /// Writes the lists as the game's own files and lets the game read them.
     void AddLists() {
         zorvex::AGIWordList words;
         words.Load((sources_ / "words.agw").string());
-        game_.VocabularyWords()->SetWords(words);
-        game_.VocabularyWords()->IsDirty(true);
-        game_.VocabularyWords()->Save();
+        words.Export((directory_ / "WORDS.TOK").string(), 0);
+        game_.VocabularyWords()->Unload();
+        game_.VocabularyWords()->Load();
         zorvex::AGIInventoryObjects items;
         items.Load((sources_ / "items.ago").string());
-        game_.InventoryObjects()->SetObjects(items);
-        game_.InventoryObjects()->IsDirty(true);
-        game_.InventoryObjects()->Save();
+        items.Export((directory_ / "OBJECT").string(), 0);
+        game_.InventoryObjects()->Unload();
+        game_.InventoryObjects()->Load();
         fs::copy_file(sources_ / "globals.txt", directory_ / "globals.txt");
     }
 

@@ -125,7 +125,8 @@ void AGIInventoryObjects::SetObjects(const AGIInventoryObjects& newObjects) {
     items_.front()->Room(
         firstRoom);  // unlike a file, another list also gives the room of an item 0 not in use
     isDirty_ = dirty;
-    resFile_ = newObjects.resFile_;
+    // The list of a game stays with the game's own file, which a copy must not exchange for another.
+    if (!inGame_) resFile_ = newObjects.resFile_;
 }
 
 void AGIInventoryObjects::Clear() {

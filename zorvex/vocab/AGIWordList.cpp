@@ -80,7 +80,8 @@ void AGIWordList::SetWords(const AGIWordList& newWords) {
     newWords.RequireLoaded();
     Take(newWords.Contents());
     isDirty_ = newWords.isDirty_;
-    resFile_ = newWords.resFile_;
+    // The list of a game stays with the game's own file, which a copy must not exchange for another.
+    if (!inGame_) resFile_ = newWords.resFile_;
 }
 
 void AGIWordList::Clear() {
