@@ -73,6 +73,7 @@ class PictureReader {
             {"line", [](PictureReader& reader, std::istringstream& words) { reader.Line(Points(words)); }},
             {"box", [](PictureReader& reader, std::istringstream& words) { reader.Box(Points(words)); }},
             {"block", [](PictureReader& reader, std::istringstream& words) { reader.Block(Points(words)); }},
+            {"shape", [](PictureReader& reader, std::istringstream& words) { reader.Shape(Points(words)); }},
             {"fill",
              [](PictureReader& reader, std::istringstream& words) { reader.Put(fill, Points(words)); }},
             {"dots", [](PictureReader& reader, std::istringstream& words) { reader.Dots(words, false); }},
@@ -145,6 +146,36 @@ class PictureReader {
         RequireCorners(points);
         for (int y = points[0].y; y <= points[1].y; ++y)
             Line({{points[0].x, y}, {points[1].x, y}});
+    }
+
+    // Row by row as well, between the edges that the row crosses.
+    void Shape(const std::vector<Point>& corners) {
+        int top = 167;
+        int bottom = 0;
+        for (const Point& corner : corners) {
+            top = std::min(top, corner.y);
+            bottom = std::max(bottom, corner.y);
+        }
+        for (int y = top; y <= bottom; ++y) {
+            const std::vector<int> crossings = Crossings(corners, y);
+            for (std::size_t i = 0; i + 1 < crossings.size(); i += 2)
+                Line({{crossings[i], y}, {crossings[i + 1], y}});
+        }
+        std::vector<Point> outline = corners;
+        outline.push_back(corners.front());
+        Line(outline);
+    }
+
+    static std::vector<int> Crossings(const std::vector<Point>& corners, int y) {
+        std::vector<int> crossings;
+        for (std::size_t i = 0; i < corners.size(); ++i) {
+            const Point a = corners[i];
+            const Point b = corners[(i + 1) % corners.size()];
+            if ((a.y <= y) == (b.y <= y)) continue;
+            crossings.push_back(a.x + (b.x - a.x) * (y - a.y) / (b.y - a.y));
+        }
+        std::sort(crossings.begin(), crossings.end());
+        return crossings;
     }
 
     void Dots(std::istringstream& words, bool loose) {

@@ -5,6 +5,7 @@
 //     line X,Y X,Y ...         a line through points
 //     box X,Y X,Y              the outline of a rectangle
 //     block X,Y X,Y            a filled rectangle
+//     shape X,Y X,Y X,Y ...    a filled polygon
 //     fill X,Y ...             floods from each point, over white or over unset priority
 //     dots SIZE X,Y ...        round dots; size 0 to 7
 //     spray SIZE X,Y ...       the same with a loose texture

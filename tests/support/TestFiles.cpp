@@ -122,6 +122,10 @@ std::string ToolPath() {
     return ZORVEX_TOOL_PATH;
 }
 
+std::string SampleBuilderPath() {
+    return ZORVEX_SAMPLE_BUILDER_PATH;
+}
+
 std::optional<std::string> RealGame(std::string_view name) {
     const fs::path path = GamesDirectory() / name;
     if (!fs::is_directory(path)) return std::nullopt;

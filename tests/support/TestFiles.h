@@ -65,6 +65,9 @@ std::string DocumentedExample(const std::string& page, const std::string& langua
 /// The path of the tool's program, empty where it is not built.
 std::string ToolPath();
 
+/// The path of the program that builds the sample game.
+std::string SampleBuilderPath();
+
 /// The directory of a real game in the system's form; nothing where the games are not there. They are looked
 /// for in the directory that the environment variable ZORVEX_GAMES names, else beside the sources.
 std::optional<std::string> RealGame(std::string_view name);
