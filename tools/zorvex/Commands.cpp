@@ -12,6 +12,8 @@ void AddAllCommands(CommandLine& line) {
     AddRemoveCommand(line);
     AddRenumberCommand(line);
     AddRenameCommand(line);
+    AddViewCommand(line);
+    AddViewImportCommand(line);
     AddPropsCommand(line);
     AddBuildCommand(line);
     AddConvertCommand(line);

@@ -19,6 +19,8 @@ void AddRenameCommand(CommandLine& line);
 void AddRenumberCommand(CommandLine& line);
 void AddRepairCommand(CommandLine& line);
 void AddVerifyCommand(CommandLine& line);
+void AddViewCommand(CommandLine& line);
+void AddViewImportCommand(CommandLine& line);
 
 /// Adds all of them, in the order in which the help lists them.
 void AddAllCommands(CommandLine& line);

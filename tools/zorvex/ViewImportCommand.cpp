@@ -1,0 +1,94 @@
+// zorvex view-import: a view of a game from images or JSON.
+#include <filesystem>
+
+#include "tools/zorvex/Commands.h"
+#include "tools/zorvex/OpenedGame.h"
+#include "tools/zorvex/Resources.h"
+#include "tools/zorvex/ViewJson.h"
+
+namespace zorvex::tool {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct ViewImportOptions {
+    std::string Game;
+    std::string Number;
+    std::string Source;
+    bool Native = false;
+};
+
+void Declare(CLI::App& command, ViewImportOptions& options) {
+    DeclareGame(command, options.Game);
+    command.add_option("number", options.Number, "The number of the view; a new one is added to the game")
+        ->required();
+    command
+        .add_option(
+            "source", options.Source,
+            "A directory of images as 'view --cels' writes them, or a file as 'view --json' writes it")
+        ->required();
+    command.add_flag("--native", options.Native,
+                     "Images without a view.json beside them have one column a pixel, not two");
+}
+
+Json ReadJson(const fs::path& file) {
+    const ByteArray bytes = ReadBytes(file.string());
+    try {
+        return Json::parse(bytes.begin(), bytes.end());
+    } catch (const Json::exception& error) {
+        throw Error(321, "zorvex", file.string() + " is not JSON: " + error.what());
+    }
+}
+
+std::unique_ptr<AGIView> ReadView(const ViewImportOptions& options) {
+    const fs::path source = options.Source;
+    if (!fs::is_directory(source)) return ViewFromJson(ReadJson(source), source.parent_path());
+    if (fs::exists(source / celListName)) return ViewFromJson(ReadJson(source / celListName), source);
+    if (!fs::exists(source / CelFileName(0, 0))) {
+        throw UsageError(options.Source + " holds neither " + celListName + " nor " + CelFileName(0, 0));
+    }
+    return ViewFromJson(GuessedCelList(source, options.Native ? 1 : 2), source);
+}
+
+/// Puts the bytes of a view into the game, in place of those of the same number.
+void Save(AGIViews& views, std::uint8_t number, AGIView& view) {
+    view.BuildViewData();
+    if (view.Size() > MaxResourceSize) {
+        throw Error(ObjectErrorBase + 516, "zorvex",
+                    CatalogueText(516) + " The view has " + std::to_string(view.Size()) +
+                        " bytes, a resource at most " + std::to_string(MaxResourceSize) + ".");
+    }
+    if (!views.Exists(number)) {
+        views.Add(number, &view);
+        return;
+    }
+    // The old bytes are not read: a view that is damaged can be replaced as well.
+    AGIView& member = *views.Item(number);
+    member.Resource().SetAllData(view.AllData());
+    member.Save();
+    member.Unload();
+}
+
+int Run(const ViewImportOptions& options) {
+    const std::uint8_t number = ParseNumber255(options.Number);
+    OpenedGame game(options.Game, Access::Change);
+    const std::unique_ptr<AGIView> view = ReadView(options);  // the colours of the game count
+    Save(game.Game().Views(), number, *view);
+    game.Game().SaveProperties();
+    return exitDone;
+}
+
+}  // namespace
+
+void AddViewImportCommand(CommandLine& line) {
+    AddCommand<ViewImportOptions>(
+        line,
+        {"view-import", "Makes a view of a game from images. The game is changed.",
+         "  zorvex view mygame 0 --cels ego     writes the images of view 0\n"
+         "  zorvex view-import mygame 0 ego     makes view 0 of them, when they have been edited\n"
+         "  zorvex view-import mygame 7 a.json  makes view 7 of a file that 'view --json' wrote"},
+        Declare, Run);
+}
+
+}  // namespace zorvex::tool
