@@ -51,6 +51,7 @@ TEST(SoundScript, ABadLineLeavesNothing) {
         dir.Write("in.ass", "##Description=gone\n##key=2\ntone\n1,2,3\n" + std::string(bad));
         AGISound sound;
         EXPECT_EQ(RaisedText([&] { sound.Import(dir.File("in.ass")); }), "Invalid sound resource file");
+        EXPECT_GE(sound.ImportErrorLine(), 5);
         EXPECT_EQ(sound.ID() + sound.Description(), "");
         EXPECT_EQ(sound.MIDIData().size(), 38U) << "notes were left";
     }

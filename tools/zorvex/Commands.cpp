@@ -19,6 +19,9 @@ void AddAllCommands(CommandLine& line) {
     AddConvertCommand(line);
     AddNewCommand(line);
     AddRepairCommand(line);
+    AddSoundCommand(line);
+    AddSoundImportCommand(line);
+    AddPlayCommand(line);
 }
 
 }  // namespace zorvex::tool

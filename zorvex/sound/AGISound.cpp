@@ -411,6 +411,7 @@ void AGISound::ExportScript(const std::string& path, bool resetDirty) {
 void AGISound::Import(std::string_view importFile) {
     constexpr std::size_t minFileSize = 3;
     const std::string path = InnerPath(importFile);
+    importErrorLine_ = 0;
     ByteArray file;
     if (Attempt([&] { file = Files().Read(path); }) || file.size() < minFileSize) {
         RaiseCatalogue(681, ErrorSource());
@@ -440,6 +441,7 @@ bool AGISound::ImportScript(ByteView file) {
     if (script.Description) description_ = *script.Description;
     tpqn_ = script.TPQN.value_or(tpqn_);
     key_ = script.Key.value_or(key_);
+    importErrorLine_ = script.BadLine;
     if (script.BadLine != 0) {
         SetIDField("");
         description_.clear();

@@ -114,6 +114,8 @@ class AGISound : public GameResource, public std::enable_shared_from_this<AGISou
     /// script with a bad line, which leaves the sound without notes and without ID. No other fault is
     /// reported.
     void Import(std::string_view importFile);
+    /// The number of the bad line, from 1, when the last Import met one; else 0.
+    std::int32_t ImportErrorLine() const { return importErrorLine_; }
 
     // --- Playing
     // ----------------------------------------------------------------------------------------------------
@@ -167,6 +169,7 @@ class AGISound : public GameResource, public std::enable_shared_from_this<AGISou
     float length_ = -1;       // -1: to be computed
     bool outputSet_ = false;  // the output is that of the notes and settings
     ByteArray output_;
+    std::int32_t importErrorLine_ = 0;
     std::shared_ptr<frmSndSubclass> player_;  // while this plays and belongs to no game
     Subscription resourceChanged_;
 };
