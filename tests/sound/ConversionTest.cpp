@@ -158,9 +158,9 @@ TEST(BuildIIgsPCM, HasTheHeaderOfAWaveFile) {
 
 TEST(Sound, TheLengthOfASequenceComesFromItsEvents) {
     AGISound sound;
-    LoadBytes(sound, "02 00 1E 90 3C 7F 3C 80 3C 00 FC");
-    EXPECT_EQ(sound.Length(), 1.5F);
-    EXPECT_EQ(MediaSeconds(sound.MIDIData()), 1.5);
+    LoadBytes(sound, DocumentedBlock("sound.md", "hex", 1));
+    EXPECT_EQ(sound.Length(), 0.5F);
+    EXPECT_EQ(MediaSeconds(sound.MIDIData()), 0.5);
 }
 
 }  // namespace

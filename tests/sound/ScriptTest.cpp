@@ -41,6 +41,17 @@ TEST(SoundScript, Cases) {
     });
 }
 
+TEST(SoundScript, TheDocumentedExampleIsRead) {
+    const TempDir dir;
+    dir.Write("bell.ass", DocumentedBlock("sound-script.md", "script"));
+    AGISound sound;
+    sound.Import(dir.File("bell.ass"));
+    EXPECT_EQ(Summary(sound),
+              "id=bell.ass key=0 tpqn=16 description=[A bell]\n"
+              "0 instrument 14 visible: 190/0/30 254/2/60\n1 instrument 0 visible: \n"
+              "2 instrument 0 visible: \n3 instrument 0 visible: 5/2/6 6/15/60\n");
+}
+
 TEST(SoundScript, ABadLineLeavesNothing) {
     const TempDir dir;
     for (const char* bad :

@@ -5,13 +5,6 @@
 namespace zorvex::test {
 namespace {
 
-constexpr std::string_view melody =
-    "08 00 12 00 14 00 1B 00"         // the offsets of the four tracks
-    "1E 00 0B 8E 90  0A 01 3F 8F 9F"  // track 0: two notes
-    "FF FF  FF FF"                    // its end, and track 1
-    "3C 00 3F CF DF  FF FF"           // track 2
-    "06 00 00 E5 F2  FF FF";          // white noise
-
 TEST(Sound, AMelodyOfTheModelBecomesTheBytesAndBack) {
     AGISound sound;
     sound.Track(0)->Notes()->Add(190, 30, 0);
@@ -20,10 +13,7 @@ TEST(Sound, AMelodyOfTheModelBecomesTheBytesAndBack) {
     sound.Track(3)->Notes()->Add(5, 6, 2);
     TempDir dir;
     sound.Save(dir.File("melody.agi"));
-    ByteArray expected = BytesOfText(melody);
-    expected[2] = 0x14;  // two notes and the mark after the header
-    expected[4] = 0x16;
-    expected[6] = 0x1D;
+    const ByteArray expected = BytesOfText(DocumentedBlock("sound.md", "hex"));
     EXPECT_EQ(TextOfBytes(dir.Read("melody.agi")), TextOfBytes(expected));
     EXPECT_FALSE(sound.IsDirty());
 
@@ -103,7 +93,7 @@ TEST(Sound, ErrorsOfTheTracksSayWhatFailed) {
 // can be written and read again.
 TEST(Sound, DamageIsReadOrRefused) {
     const MemoryFiles files;
-    const ByteArray whole = BytesOfText(melody);
+    const ByteArray whole = BytesOfText(DocumentedBlock("sound.md", "hex"));
     std::vector<ByteArray> damaged;
     for (std::size_t size = 0; size < whole.size(); ++size)
         damaged.emplace_back(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(size));

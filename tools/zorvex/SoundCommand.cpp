@@ -124,16 +124,17 @@ fs::path FileIn(const fs::path& directory, const AGISound& sound, std::string ex
     return directory / ResourceFileName(rtSound, sound.Number(), "." + extension);
 }
 
-/// Writes a sound in the format given by name, or else by the extension. Wave is a matter of the extension
-/// alone in the library, so a wave file of another name is written first and renamed.
+/// Writes a sound in the format given by name, or else by the extension.
 void WriteSound(AGISound& sound, const fs::path& path, const std::string& format) {
     if (fs::exists(path)) SayNote(path.string() + " was there and is replaced");
     const SoundFormat wanted = format.empty() ? sfUndefined : FormatOf(format);
-    fs::path written = path;
-    if (wanted == sfWAV) written.replace_extension(".wav");
+    if (wanted == sfWAV && sound.SndFormat() == kindSample) {  // whatever the file's name
+        WriteBytes(path, sound.MIDIData());
+        return;
+    }
     try {
-        sound.Export(written.string(), wanted, false);
-        if (written != path) fs::rename(written, path);
+        const fs::path named = wanted == sfWAV ? fs::path(path).replace_extension(".wav") : path;
+        sound.Export(named.string(), wanted, false);
     } catch (const Error& error) {
         throw Error(error.Number(), error.Source(), path.string() + ": " + error.Description());
     }
