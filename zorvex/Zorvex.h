@@ -13,6 +13,8 @@
 #include "zorvex/game/Types.h"
 #include "zorvex/logic/AGILogic.h"
 #include "zorvex/logic/AGILogics.h"
+#include "zorvex/logic/Disassembly.h"
+#include "zorvex/logic/LogDecode.h"
 #include "zorvex/picture/AGIPicture.h"
 #include "zorvex/picture/AGIPictures.h"
 #include "zorvex/picture/PictureTypes.h"

@@ -6,22 +6,24 @@ void AddAllCommands(CommandLine& line) {
     AddInfoCommand(line);
     AddListCommand(line);
     AddVerifyCommand(line);
+    AddRepairCommand(line);
     AddExtractCommand(line);
     AddPutCommand(line);
     AddAddCommand(line);
     AddRemoveCommand(line);
     AddRenumberCommand(line);
     AddRenameCommand(line);
+    AddPropsCommand(line);
     AddViewCommand(line);
     AddViewImportCommand(line);
-    AddPropsCommand(line);
-    AddBuildCommand(line);
-    AddConvertCommand(line);
-    AddNewCommand(line);
-    AddRepairCommand(line);
     AddSoundCommand(line);
     AddSoundImportCommand(line);
     AddPlayCommand(line);
+    AddDecompileCommand(line);
+    AddDisassembleCommand(line);
+    AddBuildCommand(line);
+    AddConvertCommand(line);
+    AddNewCommand(line);
 }
 
 }  // namespace zorvex::tool

@@ -8,6 +8,8 @@ namespace zorvex::tool {
 void AddAddCommand(CommandLine& line);
 void AddBuildCommand(CommandLine& line);
 void AddConvertCommand(CommandLine& line);
+void AddDecompileCommand(CommandLine& line);
+void AddDisassembleCommand(CommandLine& line);
 void AddExtractCommand(CommandLine& line);
 void AddInfoCommand(CommandLine& line);
 void AddListCommand(CommandLine& line);

@@ -4,6 +4,7 @@
 #include "zorvex/game/Helpers.h"
 #include "zorvex/game/LibraryState.h"
 #include "zorvex/logic/DecodeRun.h"
+#include "zorvex/logic/MessageSection.h"
 #include "zorvex/logic/StringList.h"
 #include "zorvex/storage/ResourceCollection.h"
 #include "zorvex/vocab/AGIInventoryObjects.h"
@@ -58,6 +59,12 @@ DecodeSettings PresentDecodeSettings() {
 const DecodeNames& PresentDecodeNames() {
     static const GameDecodeNames names;
     return names;
+}
+
+std::string TextOfLiteral(std::string_view literal) {
+    ByteArray bytes;
+    AppendMessageBytes(literal.substr(1, literal.size() - 2), bytes);
+    return {bytes.begin(), bytes.end()};
 }
 
 DecodedLogic DecodeLogic(ByteView data, const DecodeSettings& settings, const DecodeNames& names) {

@@ -11,6 +11,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "zorvex/game/Types.h"
@@ -74,6 +75,9 @@ std::shared_ptr<StringList> DecodeLogic(ByteView data);
 /// The same, with settings and names of the caller's choice; the command tables and reserved names are the
 /// library's.
 DecodedLogic DecodeLogic(ByteView data, const DecodeSettings& settings, const DecodeNames& names);
+
+/// What a literal of DecodedMessage stands for, byte by byte.
+std::string TextOfLiteral(std::string_view literal);
 
 /// The settings that the library holds at present.
 DecodeSettings PresentDecodeSettings();
