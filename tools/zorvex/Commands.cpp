@@ -21,6 +21,10 @@ void AddAllCommands(CommandLine& line) {
     AddPlayCommand(line);
     AddDecompileCommand(line);
     AddDisassembleCommand(line);
+    AddWordsCommand(line);
+    AddWordsImportCommand(line);
+    AddObjectsCommand(line);
+    AddObjectsImportCommand(line);
     AddBuildCommand(line);
     AddConvertCommand(line);
     AddNewCommand(line);

@@ -14,6 +14,8 @@ void AddExtractCommand(CommandLine& line);
 void AddInfoCommand(CommandLine& line);
 void AddListCommand(CommandLine& line);
 void AddNewCommand(CommandLine& line);
+void AddObjectsCommand(CommandLine& line);
+void AddObjectsImportCommand(CommandLine& line);
 void AddPlayCommand(CommandLine& line);
 void AddPropsCommand(CommandLine& line);
 void AddPutCommand(CommandLine& line);
@@ -26,6 +28,8 @@ void AddSoundImportCommand(CommandLine& line);
 void AddVerifyCommand(CommandLine& line);
 void AddViewCommand(CommandLine& line);
 void AddViewImportCommand(CommandLine& line);
+void AddWordsCommand(CommandLine& line);
+void AddWordsImportCommand(CommandLine& line);
 
 /// Adds all of them, in the order in which the help lists them.
 void AddAllCommands(CommandLine& line);

@@ -1,0 +1,53 @@
+// zorvex words-import: another vocabulary for a game.
+#include "tools/zorvex/Commands.h"
+#include "tools/zorvex/GameText.h"
+#include "tools/zorvex/OpenedGame.h"
+
+namespace zorvex::tool {
+
+namespace {
+
+struct WordsImportOptions {
+    std::string Game;
+    std::string File;
+};
+
+void Declare(CLI::App& command, WordsImportOptions& options) {
+    DeclareGame(command, options.Game);
+    command.add_option("file", options.File, "A word list: a text form (.agw) or WORDS.TOK")->required();
+}
+
+/// Makes a stand-alone list that of the game. A list without a description leaves the game its own.
+void Replace(AGIWordList& words, AGIWordList& source) {
+    const std::string former = words.Loaded() ? words.Description() : std::string();
+    const std::string wanted = source.Description().empty() ? former : source.Description();
+    source.Description(former);
+    source.ResFile(words.ResFile());
+    source.IsDirty(true);
+    words.SetWords(source);
+    words.Description(wanted);
+    words.Save();
+}
+
+int Run(const WordsImportOptions& options) {
+    RefuseExtension(options.File, ".ago");
+    AGIWordList source;
+    source.Load(options.File);
+    OpenedGame game(options.Game, Access::Change);
+    Replace(*game.Game().VocabularyWords(), source);
+    game.Game().SaveProperties();
+    return exitDone;
+}
+
+}  // namespace
+
+void AddWordsImportCommand(CommandLine& line) {
+    AddCommand<WordsImportOptions>(
+        line,
+        {"words-import", "Replaces the words of a game. The game is changed.",
+         "  zorvex words mygame -o words.agw         the words as a text to edit\n"
+         "  zorvex words-import mygame words.agw     the edited words become the game's"},
+        Declare, Run);
+}
+
+}  // namespace zorvex::tool
