@@ -1,5 +1,6 @@
 #include "tests/support/GameBuilder.h"
 
+#include "zorvex/platform/FileSystem.h"
 #include "zorvex/storage/VolManager.h"
 
 namespace zorvex::test {
@@ -18,6 +19,19 @@ ByteArray CountingBytes(std::size_t count) {
     ByteArray bytes(count);
     for (std::size_t i = 0; i < count; ++i)
         bytes[i] = static_cast<std::uint8_t>(i);
+    return bytes;
+}
+
+ByteArray SampleResource(AGIResType type, std::size_t variant) {
+    if (type == rtLogic) {
+        ByteArray logic(variant + 6);
+        logic[0] = static_cast<std::uint8_t>(variant + 1);
+        logic[1] = static_cast<std::uint8_t>((variant + 1) >> 8U);
+        logic[variant + 4] = 2;
+        return logic;
+    }
+    ByteArray bytes = type == rtPicture ? ByteArray{0xFF} : type == rtView ? SmallestView() : SilentSound();
+    bytes.resize(bytes.size() + variant, static_cast<std::uint8_t>(variant));
     return bytes;
 }
 
@@ -100,15 +114,27 @@ ByteArray GameBuilder::Directory(AGIResType type) const {
     return file;
 }
 
-void GameBuilder::WriteTo(const TempDir& dir) const {
+std::map<std::string, ByteArray> GameBuilder::AllFiles() const {
+    std::map<std::string, ByteArray> files;
     for (const auto& [number, bytes] : volumes_)
-        dir.Write(VolumeName(number, IsV3(), id_), bytes);
-    if (volumes_.empty()) dir.Write(VolumeName(0, IsV3(), id_), ByteArray{});
-    for (const AGIResType type : {rtLogic, rtPicture, rtSound, rtView}) {
-        dir.Write(DirectoryFileName(type, IsV3(), id_), Directory(type));
-    }
-    dir.Write("WORDS.TOK", TwoWords());
-    dir.Write("OBJECT", ByteArray{3, 0, 16, 3, 0, 0, '?', 0});
+        files[VolumeName(number, IsV3(), id_)] = bytes;
+    if (volumes_.empty()) files[VolumeName(0, IsV3(), id_)] = {};
+    for (const AGIResType type : {rtLogic, rtPicture, rtSound, rtView})
+        files[DirectoryFileName(type, IsV3(), id_)] = Directory(type);
+    files["WORDS.TOK"] = TwoWords();
+    files["OBJECT"] = {3, 0, 16, 3, 0, 0, '?', 0};
+    return files;
+}
+
+void GameBuilder::WriteTo(const TempDir& dir) const {
+    for (const auto& [name, bytes] : AllFiles())
+        dir.Write(name, bytes);
+}
+
+void GameBuilder::WriteTo(const std::string& directory) const {
+    if (Files().Kind(directory) == FileKind::None) Files().MakeDirectory(directory);
+    for (const auto& [name, bytes] : AllFiles())
+        Files().Write(directory + name, bytes);
 }
 
 }  // namespace zorvex::test

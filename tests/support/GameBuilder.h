@@ -23,6 +23,8 @@ ByteArray SmallestView();
 ByteArray SilentSound();
 /// The bytes 0, 1, 2 and so on.
 ByteArray CountingBytes(std::size_t count);
+/// A valid resource of any kind, another one for each variant.
+ByteArray SampleResource(AGIResType type, std::size_t variant);
 
 class GameBuilder {
   public:
@@ -44,9 +46,12 @@ class GameBuilder {
     ByteArray Directory(AGIResType type) const;
     /// Writes all files of the game, with a vocabulary of two words and an inventory of one item.
     void WriteTo(const TempDir& dir) const;
+    /// The same into a directory, a path with a backslash at its end, of the file system in use.
+    void WriteTo(const std::string& directory) const;
 
   private:
     bool IsV3() const { return !id_.empty(); }
+    std::map<std::string, ByteArray> AllFiles() const;
 
     std::string id_;
     std::map<int, ByteArray> volumes_;

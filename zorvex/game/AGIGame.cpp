@@ -119,14 +119,26 @@ std::string AGIGame::GameID() const {
 
 namespace {
 
-/// Gives the directory and volume files of a V3 game the head of another ID.
+/// Gives the directory and volume files of a V3 game the head of another ID: all of them or none.
 void RenameV3Files(const std::string& oldID, const std::string& newID) {
     const std::string& directory = Library().GameDir;
-    Files().Rename(directory + oldID + "DIR", directory + newID + "DIR");
-    for (const std::string& name : FilesMatching(directory, oldID + "VOL.*")) {
-        if (EqualNoCase(name.substr(name.size() - 4), ".OLD")) continue;
-        Files().Rename(directory + name, directory + newID + "VOL." + Split(name, ".")[1]);
-    }
+    std::vector<std::pair<std::string, std::string>> done;
+    const auto rename = [&](const std::string& from, const std::string& to) {
+        Files().Rename(directory + from, directory + to);
+        done.emplace_back(from, to);
+    };
+    Guarded(
+        [&] {
+            rename(oldID + "DIR", newID + "DIR");
+            for (const std::string& name : FilesMatching(directory, oldID + "VOL.*")) {
+                if (EqualNoCase(name.substr(name.size() - 4), ".OLD")) continue;
+                rename(name, newID + "VOL." + Split(name, ".")[1]);
+            }
+        },
+        [&] {
+            for (auto pair = done.rbegin(); pair != done.rend(); ++pair)
+                Files().Rename(directory + pair->second, directory + pair->first);
+        });
 }
 
 }  // namespace

@@ -82,6 +82,10 @@ class GameMaking {
 
     void FromNothing() {
         RequireKnownVersion(version_, errorSource);
+        // An ID becomes part of file names, so it must not lead out of the directory.
+        if (id_.find_first_of("\\/:") != std::string::npos) {
+            Wrapped(631, [] { RaiseRuntime(reBadFileName, errorSource); });
+        }
         StartProperties();
         try {
             WriteFiles();
@@ -228,6 +232,9 @@ bool CopyDirectory(std::string_view source, std::string_view target, bool move) 
     step([&] { entries = Files().List(from); });
     for (const DirectoryEntry& entry : entries) {
         if (entry.Kind == FileKind::Directory) {
+            // A copy into a directory below its source must not copy itself.
+            const std::string inner = CDir(from + entry.Name);
+            if (EqualNoCase(to.substr(0, inner.size()), inner)) continue;
             done = CopyDirectory(from + entry.Name, to + entry.Name, move) && done;
             continue;
         }

@@ -1,5 +1,6 @@
 // The part of VolManager that edits directory files.
 #include <algorithm>
+#include <utility>
 
 #include "zorvex/game/Checked.h"
 #include "zorvex/game/Faults.h"
@@ -25,6 +26,9 @@ class DirectoryEdit {
           isV3_(isV3),
           range_{0, static_cast<std::int32_t>(file_.size())} {
         if (isV3) range_ = V3DirectoryRange(file_, type);
+        if (range_.start < 0 || range_.start > range_.end || std::cmp_greater(range_.end, file_.size())) {
+            RaiseRuntime(reSubscript);
+        }
         const double entries = RoundHalfEven((range_.end - range_.start) / 3.0 - 1);
         max_ = static_cast<std::int32_t>(entries);
         // A cut entry counts only at the end of the file, where there is room to complete it.
@@ -46,6 +50,8 @@ class DirectoryEdit {
     void Grow(std::int32_t newMax, const DirectoryEntryBytes& entry) {
         const std::int32_t delta = (newMax - max_) * 3;
         file_.insert(file_.begin() + range_.end, static_cast<std::size_t>(delta), 255);
+        // The rest of a cut entry becomes part of the first new one and must not look like a place.
+        std::fill(file_.begin() + std::min(PlaceOf(max_ + 1), range_.end), file_.begin() + range_.end, 255);
         MoveFollowers(delta);
         Store(newMax, entry);
     }
@@ -56,10 +62,7 @@ class DirectoryEdit {
         const std::int32_t cutEnd = HasFollower() ? keepEnd + delta : static_cast<std::int32_t>(file_.size());
         file_.erase(file_.begin() + keepEnd, file_.begin() + cutEnd);
         MoveFollowers(-delta);
-        const DirectoryEntryBytes empty{255, 255, 255};
-        // An emptied V2 directory keeps one empty entry: a directory file without bytes could not be opened
-        // again.
-        if (removed <= newMax || file_.empty()) Store(std::min(removed, std::max(newMax, 0)), empty);
+        if (removed <= newMax) Store(removed, {255, 255, 255});
     }
 
   private:
@@ -94,13 +97,16 @@ void StoreDirectory(const std::string& path, const DirectoryEdit& edit, bool inP
 bool UpdateDirFile(const AGIResource& resource, bool remove) {
     const auto error = Attempt([&] {
         const LibraryState& library = Library();
-        const std::int32_t maxNum = CollectionOf(resource.ResType())->Max();
+        // An emptied directory keeps one empty entry: a directory file without any could not be opened again.
+        const std::int32_t maxNum = std::max<std::int32_t>(CollectionOf(resource.ResType())->Max(), 0);
         const std::string path =
             library.GameDir + DirectoryFileName(resource.ResType(), library.IsV3, library.GameID);
         DirectoryEdit edit(Files().Read(path), resource.ResType(), library.IsV3);
         const DirectoryEntryBytes entry = remove ? DirectoryEntryBytes{255, 255, 255}
                                                  : MakeDirectoryEntry(resource.Volume(), resource.Loc());
         const bool inPlace = remove ? maxNum >= edit.Max() : edit.Max() >= maxNum;
+        // What never came into the directory cannot be blanked there; its place may be that of another type.
+        if (remove && inPlace && resource.Number() > edit.Max()) return;
         if (inPlace) {
             edit.Store(resource.Number(), entry);
         } else if (remove) {

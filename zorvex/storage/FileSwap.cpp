@@ -1,5 +1,7 @@
 #include "zorvex/storage/FileSwap.h"
 
+#include <algorithm>
+
 #include "zorvex/game/Faults.h"
 #include "zorvex/game/Helpers.h"
 #include "zorvex/game/Text.h"
@@ -41,16 +43,30 @@ std::string FileSwap::Journal() const {
     return text + std::string(journalEnd) + std::string(separator);
 }
 
+// Files that only go come first: once no new file waits any more, all is done.
 void FileSwap::Run() {
+    std::stable_partition(steps_.begin(), steps_.end(), [](const Step& step) { return step.fresh.empty(); });
     const std::string journal = directory_ + std::string(journalName);
     failedAt_ = std::string(journalName);
     ReplaceWholeFile(journal, Journal());
     Guarded([this] { Forward(); },
             [&] {
                 Backward();
-                Files().Remove(journal);
+                DropJournal();
             });
-    Attempt([&] { Files().Remove(journal); });
+    DropJournal();
+}
+
+/// A list that stays behind would be carried out again at some later time, so at least it loses its lines.
+void FileSwap::DropJournal() const {
+    const std::string journal = directory_ + std::string(journalName);
+    if (Attempt([&] { Files().Remove(journal); })) Attempt([&] { Files().Write(journal, {}); });
+}
+
+bool FileSwap::IsDone() const {
+    return std::none_of(steps_.begin(), steps_.end(), [this](const Step& step) {
+        return !step.fresh.empty() && FileExists(directory_ + step.fresh);
+    });
 }
 
 // Each step can be met in one of three states: untouched, its old file set aside, or done. A new file that
@@ -99,8 +115,9 @@ void FileSwap::Finish(std::string_view directory) {
     const std::string journal = path + std::string(journalName);
     if (!FileExists(journal)) return;
     Attempt([&] {
-        FromJournal(path).Forward();
-        Files().Remove(journal);
+        FileSwap swap = FromJournal(path);
+        if (!swap.IsDone()) swap.Forward();
+        swap.DropJournal();
     });
 }
 

@@ -38,6 +38,8 @@ class FileSwap {
 
     static FileSwap FromJournal(const std::string& directory);
     std::string Journal() const;
+    void DropJournal() const;
+    bool IsDone() const;
     void Forward();
     void Backward();
 

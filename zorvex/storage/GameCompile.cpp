@@ -1,6 +1,7 @@
 #include "zorvex/storage/GameCompile.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "zorvex/compiler/LogCompile.h"
@@ -76,6 +77,8 @@ class GameCompile {
             for (const AGIResType type : {rtLogic, rtPicture, rtView, rtSound})
                 AddCollection(type);
             Report(csDoneAdding);
+            // What is sound but could not be read or written just now would be lost by the swap.
+            if (fileFault_) throw *fileFault_;
             SwapFiles();
             Finish();
         } catch (const Canceled&) {
@@ -190,6 +193,7 @@ class GameCompile {
                   library.NewDirData[resource.ResType()].begin() + 3 * resource.Number());
         if (const auto error =
                 Attempt([&] { AddToVol(buffer, targetV3_, true, library.CurrentVol, library.CurrentLoc); })) {
+            NoteFault(*error);
             Report(csResError, resource,
                    "Unable to add Logic resource to VOL file (" + error->Description() + ")");
         }
@@ -204,18 +208,29 @@ class GameCompile {
         return false;
     }
 
-    static bool LoadAndCompile(GameResource& resource) {
+    bool LoadAndCompile(GameResource& resource) {
         const auto error = Attempt([&] {
             if (!resource.Loaded()) resource.Load();
         });
         const std::string warning = PictureWarning(resource);
         if (error && !error->Is(bitmapError) && warning.empty()) {
+            if (IsFileFault(*error)) NoteFault(*error);
             Report(csResError, resource, LoadErrorText(resource, *error));
             return false;
         }
         if (!warning.empty()) Report(csWarning, resource, "--|" + warning + "|--|--");
         if (!resource.Loaded()) return false;
         return resource.ResType() != rtLogic || Compile(static_cast<AGILogic&>(resource));
+    }
+
+    /// True for a fault of the disk, such as a full one, in contrast to one of the resource's own data.
+    static bool IsFileFault(const Error& error) {
+        if (error.Number() > 0) return error.Number() >= reFileNotFound && error.Number() <= rePathNotFound;
+        return error.Is(547) || error.Is(582) || error.Is(663);
+    }
+
+    void NoteFault(const Error& error) {
+        if (!fileFault_) fileFault_ = error;
     }
 
     static std::string PictureWarning(const GameResource& resource) {
@@ -226,12 +241,13 @@ class GameCompile {
                           : "Data anomalies in picture data but picture should display";
     }
 
-    static bool Compile(AGILogic& logic) {
+    bool Compile(AGILogic& logic) {
         const auto error = Attempt([&] { CompileLogic(logic); });
         if (!error) return true;
         if (error->Is(compileError)) {
             Report(csLogicError, logic, error->Description());
         } else {
+            if (IsFileFault(*error)) NoteFault(*error);
             Report(csResError, logic, "Unable to compile Logic (" + error->Description() + ")");
         }
         return false;
@@ -309,6 +325,7 @@ class GameCompile {
                     continue;
                 }
                 const std::uint8_t* entry = library.NewDirData[type].data() + 3 * member->Number();
+                if (entry[0] == 255) buffer.SizeInVol(-1);
                 buffer.Volume(entry[0] >> 4);
                 buffer.Loc((entry[0] & 15) * 65536 + entry[1] * 256 + entry[2]);
             }
@@ -330,6 +347,7 @@ class GameCompile {
     std::string targetDir_;
     bool sameDir_ = true;
     bool targetV3_ = false;
+    std::optional<Error> fileFault_;
 };
 
 }  // namespace

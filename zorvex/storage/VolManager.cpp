@@ -171,8 +171,16 @@ class PlacedWrite {
 
     void Run() {
         FindFreeVOLSpace(resource_);
-        const Place target{resource_.Volume(), resource_.Loc(),
-                           static_cast<std::int32_t>(resource_.View().size()) + HeaderLength(isV3_)};
+        Guarded([this] { WriteTo(PlaceFound()); }, [this] { Return(); });
+    }
+
+  private:
+    Place PlaceFound() const {
+        return {resource_.Volume(), resource_.Loc(),
+                static_cast<std::int32_t>(resource_.View().size()) + HeaderLength(isV3_)};
+    }
+
+    void WriteTo(const Place& target) {
         if (!target.Overlaps(old_)) {
             Write(target);
             UpdateEntry(target);
@@ -184,7 +192,6 @@ class PlacedWrite {
         }
     }
 
-  private:
     void Write(const Place& place) const {
         Wrapped(638, [&] {
             Files().WriteAt(VolumePath(place.volume), static_cast<std::uint64_t>(place.loc), BytesAt(place));
@@ -259,11 +266,16 @@ class PlacedWrite {
     void UpdateEntry(const Place& place) {
         resource_.Volume(place.volume);
         resource_.Loc(place.loc);
-        if (UpdateDirFile(resource_, false)) {
+        if (UpdateDirFile(resource_, false) || (place.volume == old_.volume && place.loc == old_.loc)) {
             UpdateSizeInVol(resource_, place.length - HeaderLength(isV3_));
             old_ = place;
             return;
         }
+        Return();
+    }
+
+    /// The place that the directory names is the one that counts, and it is not free.
+    void Return() {
         resource_.Volume(old_.volume);
         resource_.Loc(old_.loc);
     }

@@ -1,0 +1,180 @@
+// Opening a game by its directory files: every length, damaged entries, and what is said of them.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "tests/support/ExpectError.h"
+#include "tests/support/GameBuilder.h"
+#include "tests/support/MemoryFileSystem.h"
+#include "zorvex/game/AGIGame.h"
+#include "zorvex/logic/AGILogics.h"
+#include "zorvex/picture/AGIPictures.h"
+#include "zorvex/platform/FileSystem.h"
+#include "zorvex/sound/AGISounds.h"
+#include "zorvex/view/AGIViews.h"
+
+namespace zorvex {
+namespace {
+
+using test::GameBuilder;
+using test::MemoryFiles;
+
+const std::string gameDir = "\\game\\";
+
+class DirectoriesTest : public testing::Test {
+  protected:
+    void Write(const GameBuilder& builder) {
+        builder.WriteTo(gameDir);
+        if (Files().Kind(gameDir + "src") == FileKind::None) files_->MakeDirectory(gameDir + "src");
+    }
+
+    /// The warnings of the log without their dates.
+    std::vector<std::string> Warnings() const {
+        std::vector<std::string> texts;
+        if (Files().Kind(gameDir + "errlog.txt") == FileKind::None) return texts;
+        const std::string log = files_->Text(gameDir + "errlog.txt");
+        for (std::size_t at = log.find("WARNING: "); at != std::string::npos;
+             at = log.find("WARNING: ", at + 1))
+            texts.push_back(log.substr(at + 9, log.find('\r', at) - at - 9));
+        return texts;
+    }
+
+    MemoryFiles files_;
+    AGIGame game_;
+};
+
+GameBuilder V2Game() {
+    GameBuilder builder;
+    builder.Add(rtLogic, 0, test::SmallestLogic()).Add(rtPicture, 0, {0xFF});
+    return builder;
+}
+
+TEST_F(DirectoriesTest, V2FilesOfEveryLength) {
+    Write(V2Game());
+    const auto withPictures = [&](std::size_t length) {
+        ByteArray entries(length, 255);
+        for (std::size_t i = 0; i < std::min<std::size_t>(length, 3); ++i)
+            entries[i] = i == 2 ? 11 : 0;
+        Files().Write(gameDir + "PICDIR", entries);
+    };
+    withPictures(0);
+    const auto empty = test::RaisedBy([&] { game_.OpenGameDIR(gameDir); });
+    ASSERT_TRUE(empty && empty->Number() == 511) << test::Shown(empty);
+    EXPECT_EQ(empty->Description(), "PICDIR file is invalid");
+    EXPECT_EQ(empty->Source(), "agiGame");
+    EXPECT_FALSE(game_.GameLoaded());
+    EXPECT_EQ(game_.Logics().Count(), 0);
+
+    for (const std::size_t length : {1U, 3U, 4U, 768U}) {
+        withPictures(length);
+        game_.OpenGameDIR(gameDir);
+        EXPECT_EQ(game_.Pictures().Count(), length < 3 ? 0 : 1) << length;
+        game_.CloseGame();
+    }
+    EXPECT_TRUE(Warnings().empty());
+    withPictures(769);
+    EXPECT_ERROR_TEXT(636, "Warnings generated during OpenGame", game_.OpenGameDIR(gameDir));
+    EXPECT_TRUE(game_.GameLoaded());
+    EXPECT_EQ(Warnings(),
+              std::vector<std::string>{"PICDIR file is larger than expected; it may be corrupted"});
+    game_.CloseGame();
+    Files().Remove(gameDir + "SNDDIR");
+    EXPECT_ERROR_TEXT(524, "File not found (\\game\\SNDDIR)", game_.OpenGameDIR(gameDir));
+}
+
+TEST_F(DirectoriesTest, V3FilesOfEveryLength) {
+    GameBuilder builder("TST");
+    builder.Add(rtLogic, 0, test::SmallestLogic());
+    Write(builder);
+    const auto open = [&](const ByteArray& file) {
+        Files().Write(gameDir + "TSTDIR", file);
+        return test::RaisedBy([&] { game_.OpenGameDIR(gameDir); });
+    };
+    const auto refused = [&](const ByteArray& file) {
+        const auto error = open(file);
+        return error && error->Is(542) &&
+               error->Description() == "\\game\\TSTDIR is not a valid directory file.";
+    };
+    EXPECT_TRUE(refused({}));
+    EXPECT_TRUE(refused({8, 0, 8, 0, 8, 0, 8, 0, 0, 0}));
+    EXPECT_TRUE(refused({8, 0, 12, 0, 11, 0, 11, 0, 0, 0, 0, 0})) << "falling offsets";
+    EXPECT_TRUE(refused({8, 0, 200, 0, 200, 0, 200, 0, 0, 0, 0})) << "past the end";
+    EXPECT_TRUE(refused({8, 0, 8, 0, 8, 0, 12, 0, 0, 0, 0})) << "sounds begin behind the end";
+
+    EXPECT_FALSE(open({8, 0, 8, 0, 8, 0, 8, 0, 255, 0, 0})) << "an entry FF 00 00 is empty";
+    EXPECT_EQ(game_.Logics().Count() + game_.Sounds().Count(), 0);
+    game_.CloseGame();
+    EXPECT_FALSE(open({8, 0, 8, 0, 8, 0, 8, 0, 0, 0, 0}));
+    EXPECT_EQ(game_.Sounds().Count(), 1);
+    game_.CloseGame();
+    EXPECT_FALSE(open({8, 0, 11, 0, 13, 0, 13, 0, 0, 0, 0, 0, 0})) << "two bytes are no entry";
+    EXPECT_EQ(game_.Logics().Count(), 1);
+    EXPECT_EQ(game_.Pictures().Count(), 0);
+    game_.CloseGame();
+
+    ByteArray large(8 + 800, 255);
+    for (const std::size_t word : {2U, 4U, 6U}) {
+        large[word] = (8 + 800) & 0xFF;
+        large[word + 1] = (8 + 800) >> 8;
+    }
+    large[0] = 8;
+    large[1] = 0;
+    const auto error = open(large);
+    EXPECT_TRUE(error && error->Is(636)) << test::Shown(error);
+    EXPECT_EQ(Warnings(), std::vector<std::string>{
+                              "LOG portion of DIR file is larger than expected; it may be corrupted"});
+}
+
+TEST_F(DirectoriesTest, BlanksBadEntriesAndKeepsTheFormerFile) {
+    GameBuilder builder = V2Game();
+    builder.Add(rtLogic, 7, test::SmallestLogic());
+    builder.Entry(rtPicture, 2, 3, 5).Entry(rtPicture, 4, 0, 0x23456).Entry(rtPicture, 6, 0, 12);
+    builder.Fill(0, 3)
+        .Entry(rtView, 1, 0, builder.VolumeSize(0))
+        .Entry(rtView, 3, 0, builder.VolumeSize(0) - 3);
+    builder.Fill(1, 5).Add(rtSound, 9, {}, 1);
+    Write(builder);
+    const ByteArray oldPictures = Files().Read(gameDir + "PICDIR");
+    const ByteArray logics = Files().Read(gameDir + "LOGDIR");
+    EXPECT_ERROR(636, game_.OpenGameDIR(gameDir));
+    const std::vector<std::string> warnings = {
+        "Picture2 was skipped because it's VOL file (VOL.3) is missing.",
+        "Picture4 was skipped because it's location (144470) in the VOL file(VOL.0) is invalid.",
+        "Picture6 was skipped because it does not have a valid resource header",
+        "Sound9 was skipped due to resource data error (Error 9 while reading resource in VOL.1.)",
+        "View1 was skipped because it does not have a valid resource header",
+        "View3 was skipped because it does not have a valid resource header"};
+    EXPECT_EQ(Warnings(), warnings);
+    EXPECT_EQ(game_.Logics().Count(), 2);
+    EXPECT_EQ(game_.Pictures().Count(), 1);
+    EXPECT_FALSE(game_.Logics().Item(7)->IsDirty());
+    ByteArray pictures = oldPictures;
+    std::fill(pictures.begin() + 3, pictures.end(), 255);
+    EXPECT_EQ(Files().Read(gameDir + "PICDIR"), pictures);
+    EXPECT_EQ(Files().Read(gameDir + "PICDIR.OLD"), oldPictures);
+    EXPECT_EQ(Files().Read(gameDir + "LOGDIR"), logics);
+    EXPECT_EQ(Files().Kind(gameDir + "LOGDIR.OLD"), FileKind::None);
+    game_.CloseGame();
+    game_.OpenGameDIR(gameDir);
+    EXPECT_EQ(Warnings(), warnings) << "nothing is left to warn of";
+}
+
+TEST_F(DirectoriesTest, ThePropertyFileVouchesForAResource) {
+    GameBuilder builder("TST");
+    builder.Add(rtLogic, 0, test::SmallestLogic()).Add(rtView, 5, test::SmallestView());
+    Write(builder);
+    game_.OpenGameDIR(gameDir);
+    game_.Views().Item(5)->ID("Hero");
+    game_.CloseGame();
+    Files().WriteAt(gameDir + "TSTVOL.0", 13, ByteArray{0});
+    game_.OpenGameZVG(gameDir + "TST.zvg");
+    EXPECT_EQ(game_.Views().Item(5)->ID(), "Hero");
+    EXPECT_EQ(game_.Views().Item(5)->Size(), 14);
+    EXPECT_ERROR(506, game_.Views().Item(5)->Load());
+    game_.CloseGame();
+    EXPECT_ERROR(636, game_.OpenGameDIR(gameDir));
+    EXPECT_FALSE(game_.Views().Exists(5));
+}
+
+}  // namespace
+}  // namespace zorvex

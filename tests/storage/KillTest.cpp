@@ -1,0 +1,199 @@
+// Whatever breaks off an operation at any single change of a file: the game opens again, and every resource
+// is there, as before or as after.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+
+#include "tests/support/GameBuilder.h"
+#include "tests/support/GameModel.h"
+#include "tests/support/MemoryFileSystem.h"
+#include "zorvex/game/AGIGame.h"
+#include "zorvex/game/Faults.h"
+#include "zorvex/logic/AGILogics.h"
+#include "zorvex/picture/AGIPictures.h"
+#include "zorvex/platform/FileSystem.h"
+#include "zorvex/sound/AGISounds.h"
+#include "zorvex/view/AGIViews.h"
+#include "zorvex/vocab/AGIInventoryObjects.h"
+#include "zorvex/vocab/AGIWordList.h"
+
+namespace zorvex {
+namespace {
+
+using test::GameBuilder;
+using test::MemoryFiles;
+using test::Model;
+using test::SampleResource;
+
+const std::string gameDir = "\\game\\";
+
+struct Operation {
+    std::string name;
+    std::function<void(AGIGame&)> run;
+};
+
+template <class Resource>
+void SaveAs(Resource& resource, const ByteArray& bytes) {
+    resource.Load();
+    resource.SetData(bytes);
+    resource.DataDirty(true);
+    resource.Save();
+    resource.Unload();
+}
+
+const std::vector<Operation> operations{
+    {"rebuild", [](AGIGame& game) { game.CompileGame(true, ""); }},
+    {"compile",
+     [](AGIGame& game) {
+         game.VocabularyWords()->AddWord("sword", 7);
+         game.InventoryObjects()->Add("sword", 3);
+         game.CompileGame(false, "");
+     }},
+    {"convert",
+     [](AGIGame& game) {
+         game.InterpreterVersion(game.InterpreterVersion()[0] == '2' ? "3.002149" : "2.917");
+     }},
+    {"convert there and back",
+     [](AGIGame& game) {
+         const std::string version = game.InterpreterVersion();
+         game.InterpreterVersion(version[0] == '2' ? "3.002149" : "2.917");
+         game.InterpreterVersion(version);
+     }},
+    {"save longer", [](AGIGame& game) { SaveAs(*game.Views().Item(0), SampleResource(rtView, 90)); }},
+    {"save shorter", [](AGIGame& game) { SaveAs(*game.Views().Item(4), SampleResource(rtView, 1)); }},
+    {"save the same size", [](AGIGame& game) { SaveAs(*game.Pictures().Item(0), ByteArray(41, 7)); }},
+    {"add in the middle", [](AGIGame& game) { game.Pictures().Add(1); }},
+    {"add at the end", [](AGIGame& game) { game.Logics().Add(200, game.Logics().Item(3).get()); }},
+    {"remove the last", [](AGIGame& game) { game.Views().Remove(4); }},
+    {"remove and save",
+     [](AGIGame& game) {
+         game.Logics().Remove(1);
+         SaveAs(*game.Sounds().Item(1), SampleResource(rtSound, 70));
+     }},
+    {"renumber up", [](AGIGame& game) { game.Logics().Renumber(1, 9); }},
+    {"renumber down", [](AGIGame& game) { game.Views().Renumber(4, 2); }},
+    {"properties", [](AGIGame& game) { game.WriteProperty("General", "Author", "me", "", true); }},
+};
+
+/// A game of each generation with gaps in its volumes and numbers.
+void WriteGame(bool isV3) {
+    GameBuilder builder(isV3 ? "TST" : "");
+    builder.Add(rtLogic, 0, SampleResource(rtLogic, 1)).Fill(0, 20);
+    builder.Add(rtPicture, 0, SampleResource(rtPicture, 40)).Add(rtLogic, 1, SampleResource(rtLogic, 50));
+    builder.Add(rtView, 0, SampleResource(rtView, 30)).Add(rtSound, 1, SampleResource(rtSound, 20));
+    builder.Add(rtView, 4, SampleResource(rtView, 12)).Add(rtLogic, 3, SampleResource(rtLogic, 60), 1);
+    builder.Add(rtPicture, 2, SampleResource(rtPicture, 5), 1);
+    builder.WriteTo(gameDir);
+    Files().MakeDirectory(gameDir + "src");
+    AGIGame game;
+    game.OpenGameDIR(gameDir);
+    game.CloseGame();
+}
+
+std::string PropertyFile(bool isV3) {
+    return gameDir + (isV3 ? "TST.zvg" : "AGI.zvg");
+}
+
+/// The game as a new process finds it.
+Model Reopened(bool isV3, std::string& fault) {
+    AGIGame game;
+    if (const auto error = Attempt([&] { game.OpenGameZVG(PropertyFile(isV3)); })) {
+        fault = error->Description();
+        return {};
+    }
+    return test::LoadedModel();
+}
+
+bool HasBytes(const Model& model, const ByteArray& bytes) {
+    return std::any_of(model.begin(), model.end(), [&](const auto& entry) { return entry.second == bytes; });
+}
+
+/// What of `before` is lost in `found`; `after` is what the whole operation gives.
+std::string Lost(const Model& before, const Model& after, const Model& found) {
+    for (const auto& [key, bytes] : before) {
+        const auto now = found.find(key);
+        const auto wanted = after.find(key);
+        const bool asBefore = now != found.end() && now->second == bytes;
+        const bool asAfter = wanted != after.end() && now != found.end() && now->second == wanted->second;
+        const bool moved = wanted == after.end() && (HasBytes(found, bytes) || !HasBytes(after, bytes));
+        if (!asBefore && !asAfter && !moved)
+            return std::to_string(key.first) + ":" + std::to_string(key.second);
+    }
+    return {};
+}
+
+class KillTest : public testing::TestWithParam<bool> {
+  protected:
+    /// Runs an operation with some disturbance of the files; true as long as that came to pass.
+    bool Check(const Operation& operation, const std::string& how,
+               const std::function<void(test::MemoryFileSystem&)>& disturb, int n, bool goesOn) {
+        const MemoryFiles files;
+        WriteGame(GetParam());
+        std::string fault;
+        const Model before = Reopened(GetParam(), fault);
+        {
+            AGIGame game;
+            game.OpenGameZVG(PropertyFile(GetParam()));
+            disturb(*files);
+            Attempt([&] { operation.run(game); });
+            const bool reached = files->Changes() >= n;
+            files->Heal();
+            if (goesOn) {  // the host goes on working after the fault
+                SaveAs(*game.Pictures().Item(2), lastSave_);
+                game.CloseGame();
+            }
+            if (!reached) return false;
+        }
+        const Model found = Reopened(GetParam(), fault);
+        Model after = afterAll_;
+        if (goesOn) after[{rtPicture, 2}] = lastSave_;
+        EXPECT_EQ(fault, "") << operation.name << ", " << how << " " << n;
+        EXPECT_EQ(Lost(before, after, found), "") << operation.name << ", " << how << " " << n;
+        return !HasFailure();
+    }
+
+    Model After(const Operation& operation) const {
+        const MemoryFiles files;
+        WriteGame(GetParam());
+        AGIGame game;
+        game.OpenGameZVG(PropertyFile(GetParam()));
+        operation.run(game);
+        game.CloseGame();
+        std::string fault;
+        const Model after = Reopened(GetParam(), fault);
+        EXPECT_EQ(fault, "") << operation.name;
+        return after;
+    }
+
+    Model afterAll_;
+    const ByteArray lastSave_ = SampleResource(rtPicture, 77);
+};
+
+TEST_P(KillTest, LeavesAGameThatOpensWithEveryResource) {
+    using test::MemoryFileSystem;
+    for (const Operation& operation : operations) {
+        afterAll_ = After(operation);
+        const auto kill = [&](std::size_t partial) {
+            for (int n = 1;; ++n) {
+                if (!Check(
+                        operation, "killed at", [&](MemoryFileSystem& f) { f.KillAt(n, partial); }, n, false))
+                    break;
+            }
+        };
+        kill(0);
+        kill(6);
+        for (int n = 1;; ++n) {
+            if (!Check(
+                    operation, "full disk at", [&](MemoryFileSystem& f) { f.FailAt(n, reDiskFull, 3); }, n,
+                    true))
+                break;
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Generations, KillTest, testing::Bool(),
+                         [](const auto& generation) { return generation.param ? "V3" : "V2"; });
+
+}  // namespace
+}  // namespace zorvex

@@ -1,0 +1,217 @@
+// Bringing a resource from its volume into the buffer: header, sizes, and both kinds of compression.
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "tests/support/ExpectError.h"
+#include "tests/support/LzwEncoder.h"
+#include "tests/support/MemoryFileSystem.h"
+#include "zorvex/game/LibraryState.h"
+#include "zorvex/platform/FileSystem.h"
+#include "zorvex/storage/AGIResource.h"
+#include "zorvex/storage/ResourceFunctions.h"
+
+namespace zorvex {
+namespace {
+
+using test::LzwCodes;
+using test::LzwCompressed;
+using test::MemoryFiles;
+
+/// A resource at a place of volume 0 of a game of either generation that is made of just that volume.
+class LoadTest : public testing::Test {
+  protected:
+    LoadTest() {
+        Library().GameDir = "\\game\\";
+        Library().GameID = "TST";
+        files_->MakeDirectory("\\game");
+    }
+    ~LoadTest() override {
+        Library().GameDir.clear();
+        Library().GameID.clear();
+        Library().IsV3 = false;
+    }
+
+    AGIResource& Place(bool isV3, const ByteArray& volume, std::int32_t loc = 0, AGIResType type = rtView) {
+        Library().IsV3 = isV3;
+        files_->Write(isV3 ? "\\game\\TSTVOL.0" : "\\game\\VOL.0", volume);
+        resource_ = AGIResource();
+        resource_.ResType(type);
+        resource_.Init(1, 0, loc);
+        return resource_;
+    }
+
+    ByteArray Loaded(bool isV3, const ByteArray& volume, AGIResType type = rtView) {
+        Place(isV3, volume, 0, type).Load();
+        EXPECT_EQ(static_cast<std::size_t>(resource_.Size()), resource_.AllData().size());
+        return resource_.AllData();
+    }
+
+    MemoryFiles files_;
+    AGIResource resource_;
+};
+
+ByteArray Header(std::size_t expanded, std::size_t stored, std::uint8_t flags = 0) {
+    return {0x12,
+            0x34,
+            flags,
+            static_cast<std::uint8_t>(expanded),
+            static_cast<std::uint8_t>(expanded >> 8U),
+            static_cast<std::uint8_t>(stored),
+            static_cast<std::uint8_t>(stored >> 8U)};
+}
+
+ByteArray Joined(ByteArray bytes, const ByteArray& more) {
+    bytes.insert(bytes.end(), more.begin(), more.end());
+    return bytes;
+}
+
+TEST_F(LoadTest, ReadsThePlainFormsOfBothGenerations) {
+    EXPECT_EQ(Loaded(false, {0x12, 0x34, 0, 3, 0, 7, 8, 9, 10}), (ByteArray{7, 8, 9}));
+    EXPECT_EQ(Loaded(true, {0x12, 0x34, 0, 2, 0, 2, 0, 7, 8, 9}), (ByteArray{7, 8}));
+    EXPECT_ERROR(511, resource_.Load());
+    EXPECT_EQ(Loaded(false, {0x12, 0x34, 0x80, 2, 0, 0xF0, 1}), (ByteArray{0xF0, 1}))
+        << "V2 knows no packed pictures";
+    EXPECT_EQ(Loaded(false, {0x12, 0x34, 0, 4, 0, 7}), (ByteArray{7, 0, 0, 0})) << "data past the end is 0";
+    Place(false, {0, 0, 0x12, 0x34, 0, 1, 0, 5}, 2).Load();
+    EXPECT_EQ(resource_.AllData(), ByteArray{5});
+}
+
+TEST_F(LoadTest, TellsWhatIsWrongWithAPlace) {
+    const ByteArray volume{0x12, 0x34, 0, 1, 0, 5};
+    EXPECT_ERROR_TEXT(505, "Invalid resource location (7) in VOL.0.", Place(false, volume, 7).Load());
+    EXPECT_ERROR_TEXT(506, "Invalid resource data at 6 in VOL.0.", Place(false, volume, 6).Load());
+    EXPECT_ERROR(506, Place(false, volume, 1).Load());
+    EXPECT_ERROR_TEXT(507, "Error 9 while reading resource in VOL.0.",
+                      Place(false, {0x12, 0x34, 0, 0, 0, 5}).Load());
+    EXPECT_ERROR(507, Place(true, Header(5, 0)).Load());
+    EXPECT_ERROR(507, Place(false, {0x12, 0x34}).Load());
+    EXPECT_FALSE(resource_.Loaded());
+    EXPECT_EQ(Library().IsV3, false);
+    Place(true, Header(1, 1));
+    files_->Remove("\\game\\TSTVOL.0");
+    EXPECT_ERROR_TEXT(606, "Can't load resource: file not found (TSTVOL.0)", resource_.Load());
+    files_->MakeDirectory("\\game\\TSTVOL.0");
+    EXPECT_ERROR(606, resource_.Load());  // a directory is no volume
+    AGIResource alone;
+    EXPECT_ERROR(626, alone.Load());
+}
+
+TEST_F(LoadTest, ExpandsByTheSizesOfTheHeader) {
+    const ByteArray stored = LzwCompressed(ByteArray{1, 2, 1, 2, 1, 2});
+    EXPECT_EQ(Loaded(true, Joined(Header(6, stored.size()), stored)), (ByteArray{1, 2, 1, 2, 1, 2}));
+    EXPECT_EQ(Loaded(true, Joined(Header(stored.size(), stored.size()), stored)), stored)
+        << "equal sizes mean plain data";
+    EXPECT_EQ(Loaded(true, Joined(Header(8, stored.size()), stored)), (ByteArray{1, 2, 1, 2, 1, 2, 0, 0}))
+        << "a shorter expansion is filled up";
+    EXPECT_ERROR_TEXT(507, "Error 559 while reading resource in TSTVOL.0.",
+                      Place(true, Joined(Header(5, stored.size()), stored)).Load());
+    const ByteArray picture{0xF0, 0x40, 0x00, 0xFF};
+    EXPECT_EQ(Loaded(true, Joined(Header(99, 4, 0x80), picture)), (ByteArray{0xF0, 4, 0, 0x0F}))
+        << "the size of a packed picture comes from its data";
+}
+
+TEST_F(LoadTest, ScramblesTheMessagesOfExpandedLogicsOnly) {
+    // One byte of code, one message "Hi": count, end, offset, text.
+    const ByteArray clear{1, 0, 0, 1, 7, 0, 4, 0, 'H', 'i', 0};
+    const ByteArray scrambled{1, 0, 0, 1, 7, 0, 4, 0, 'H' ^ 0x41, 'i' ^ 0x76, 0x69};
+    const ByteArray stored = LzwCompressed(clear);
+    const ByteArray volume = Joined(Header(clear.size(), stored.size()), stored);
+    EXPECT_EQ(Loaded(true, volume, rtLogic), scrambled);
+    EXPECT_EQ(Loaded(true, volume, rtView), clear);
+    EXPECT_EQ(Loaded(true, Joined(Header(11, 11), clear), rtLogic), clear) << "stored plain";
+
+    const auto logic = [this](const ByteArray& bytes) {
+        const ByteArray packed = LzwCompressed(bytes);
+        return Joined(Header(bytes.size(), packed.size()), packed);
+    };
+    const ByteArray noMessages{1, 0, 0, 0, 9, 9, 9, 9};
+    EXPECT_EQ(Loaded(true, logic(noMessages), rtLogic), noMessages);
+    EXPECT_ERROR(507, Place(true, logic({9, 0, 0, 1, 8, 0, 4, 0}), 0, rtLogic).Load());  // no message section
+    EXPECT_ERROR(507, Place(true, logic({1, 0, 0, 1, 8, 0, 4, 0, 1}), 0, rtLogic).Load());  // end behind data
+    EXPECT_ERROR(507, Place(true, logic({0, 0xFF, 0, 1, 8, 0, 4, 0, 1}), 0, rtLogic).Load());
+}
+
+// --- LZW
+
+ByteArray Expanded(ByteArray data, std::size_t size) {
+    ExpandV3(data, static_cast<std::int32_t>(size));
+    return data;
+}
+
+TEST(Lzw, ExpandsWhatAnEncoderMakesOfAnyData) {
+    std::mt19937 random(5);
+    for (const std::size_t size : {1U, 2U, 255U, 256U, 511U, 512U, 2000U, 6000U, 32767U}) {
+        for (const unsigned kinds : {1U, 2U, 4U, 200U}) {
+            ByteArray plain(size);
+            for (auto& byte : plain)
+                byte = static_cast<std::uint8_t>(random() % kinds);
+            const ByteArray packed = LzwCompressed(plain);
+            if (packed.size() > 32767) continue;
+            ASSERT_EQ(Expanded(packed, size), plain) << size << " bytes of " << kinds << " kinds";
+        }
+    }
+}
+
+TEST(Lzw, FollowsEachRuleOfTheCodes) {
+    EXPECT_EQ(Expanded(LzwCodes({256, 'a', 258, 257}), 3), (ByteArray{'a', 'a', 'a'})) << "a code being made";
+    EXPECT_EQ(Expanded(LzwCodes({256, 'a', 'b', 258, 260, 257}), 7),
+              (ByteArray{'a', 'b', 'a', 'b', 'a', 'b', 'a'}));
+    EXPECT_EQ(Expanded(LzwCodes({256, 'a', 'b', 258, 256, 'c', 'd', 258, 257}), 8),
+              (ByteArray{'a', 'b', 'a', 'b', 'c', 'd', 'c', 'd'}))
+        << "a reset starts again at 258";
+    EXPECT_EQ(Expanded(LzwCodes({256, 'a', 300, 257}), 3), (ByteArray{'a', 'a', 'a'}))
+        << "a code from beyond the table counts as the one being made";
+    EXPECT_EQ(Expanded(LzwCodes({256, 'a', 300, 300, 257}), 6), (ByteArray{'a', 'a', 'a', 0, 0, 'a'}))
+        << "an entry not yet made is two zero bytes";
+    EXPECT_EQ(Expanded(LzwCodes({256, 257}), 2), (ByteArray{0, 0}));
+}
+
+TEST(Lzw, EndsOnEveryDamage) {
+    const auto fails = [](const ByteArray& data, std::size_t size) {
+        const auto error = test::RaisedBy([&] { Expanded(data, size); });
+        return error && error->Number() == 559 && error->Description().starts_with("Unhandled error ");
+    };
+    EXPECT_TRUE(fails(LzwCodes({'a', 256, 257}), 2)) << "does not begin with a reset";
+    EXPECT_TRUE(fails(LzwCodes({256, 256, 300, 257}), 2)) << "no byte after a reset";
+    EXPECT_TRUE(fails(LzwCodes({256, 300, 257}), 2)) << "nothing to repeat";
+    EXPECT_TRUE(fails(LzwCodes({256, 'a', 'b', 257}), 1)) << "too much output";
+    EXPECT_TRUE(fails(LzwCodes({256, 'a', 'b'}), 32767)) << "no end: zero bits follow";
+    EXPECT_TRUE(fails({}, 10));
+    ByteArray plain(32768, 7);
+    EXPECT_TRUE(fails(LzwCompressed(plain), 32768)) << "counters are signed 16-bit numbers";
+    std::mt19937 random(9);
+    ByteArray noise(40000);
+    for (auto& byte : noise)
+        byte = static_cast<std::uint8_t>(random());
+    noise[0] = 0;
+    noise[1] |= 1;
+    EXPECT_TRUE(fails(noise, 65535));
+    for (int i = 0; i < 3000; ++i) {
+        noise.resize(1 + random() % 300);
+        for (auto& byte : noise)
+            byte = static_cast<std::uint8_t>(random());
+        noise[0] = 0;
+        if (noise.size() > 1) noise[1] |= 1;
+        test::RaisedBy([&] { Expanded(noise, 30000); });
+    }
+}
+
+TEST(PackedPicture, ShiftsBetweenTheColorArguments) {
+    const auto expanded = [](ByteArray data) {
+        DecompressPicture(data);
+        return data;
+    };
+    EXPECT_EQ(expanded({0xF6, 1, 2, 3}), (ByteArray{0xF6, 1, 2, 3}));
+    // F0 4, F6 10 20, F2 5, F8 30, FF; two half bytes make whole ones again.
+    EXPECT_EQ(expanded({0xF0, 0x4F, 0x61, 0x02, 0x0F, 0x25, 0xF8, 0x30, 0xFF}),
+              (ByteArray{0xF0, 4, 0xF6, 0x10, 0x20, 0xF2, 5, 0xF8, 0x30, 0xFF}));
+    EXPECT_EQ(expanded({0xF0, 0x40, 0x00, 0xFF}), (ByteArray{0xF0, 4, 0, 0x0F})) << "four bytes: expanded";
+    EXPECT_EQ(expanded({0xF0, 0x40, 0xFF}), (ByteArray{0xF0, 0x40, 0xFF})) << "too near the end";
+    EXPECT_EQ(expanded({}), ByteArray{});
+    EXPECT_ERROR(504, expanded(ByteArray(32768, 1)));
+    EXPECT_EQ(expanded(ByteArray(32767, 1)).size(), 32767U);
+}
+
+}  // namespace
+}  // namespace zorvex

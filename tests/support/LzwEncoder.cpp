@@ -1,0 +1,80 @@
+#include "tests/support/LzwEncoder.h"
+
+#include <map>
+#include <utility>
+
+namespace zorvex::test {
+
+namespace {
+
+class BitWriter {
+  public:
+    void Put(int code, int width) {
+        bits_ |= static_cast<std::uint64_t>(code) << static_cast<unsigned>(count_);
+        for (count_ += width; count_ >= 8; count_ -= 8, bits_ >>= 8U)
+            bytes_.push_back(static_cast<std::uint8_t>(bits_));
+    }
+    ByteArray Finish() {
+        if (count_ > 0) bytes_.push_back(static_cast<std::uint8_t>(bits_));
+        return std::move(bytes_);
+    }
+
+  private:
+    ByteArray bytes_;
+    std::uint64_t bits_ = 0;
+    int count_ = 0;
+};
+
+}  // namespace
+
+ByteArray LzwCodes(std::initializer_list<int> codes) {
+    BitWriter writer;
+    for (const int code : codes)
+        writer.Put(code, 9);
+    return writer.Finish();
+}
+
+// The reader makes an entry one code later than the writer could, so the width follows what the reader has.
+ByteArray LzwCompressed(ByteView plain) {
+    constexpr int tableSize = 2048;
+    BitWriter writer;
+    std::map<std::pair<int, int>, int> table;
+    int width = 9;
+    int readerNext = 257;  // the entry that the reader makes of the next code
+    int next = 258;
+    const auto put = [&](int code) {
+        writer.Put(code, width);
+        if (readerNext > (1 << width) - 2 && width < 11) ++width;
+        ++readerNext;
+    };
+    writer.Put(256, 9);
+    int text = -1;
+    for (const std::uint8_t byte : plain) {
+        const auto found = table.find({text, byte});
+        if (text < 0) {
+            text = byte;
+        } else if (found != table.end()) {
+            text = found->second;
+        } else {
+            put(text);
+            table[{text, byte}] = next++;
+            text = byte;
+            if (next == tableSize) {
+                put(text);
+                writer.Put(256, width);
+                table.clear();
+                width = 9;
+                readerNext = 258;
+                next = 258;
+                text = -1;
+                // After a reset the first byte makes no entry.
+                readerNext = 257;
+            }
+        }
+    }
+    if (text >= 0) put(text);
+    writer.Put(257, width);
+    return writer.Finish();
+}
+
+}  // namespace zorvex::test
