@@ -1,14 +1,11 @@
 #include "tests/support/ScratchGame.h"
 
-#include <gtest/gtest.h>
-
-#include "tests/support/LogicBytes.h"
-#include "tests/support/TestFiles.h"
 #include "zorvex/compiler/AGICommandFunctions.h"
 #include "zorvex/compiler/LogCompile.h"
 #include "zorvex/game/Error.h"
 #include "zorvex/game/LibraryState.h"
 #include "zorvex/game/Text.h"
+#include "zorvex/logic/LogDecode.h"
 #include "zorvex/logic/StringList.h"
 #include "zorvex/sound/AGISounds.h"
 #include "zorvex/view/AGIViews.h"
@@ -118,7 +115,7 @@ void ScratchGame::Version(std::string_view version) {
 }
 
 void ScratchGame::Write(std::string_view name, std::string_view text) const {
-    files_->Write(std::string(ResDir) + std::string(name), Bytes(text));
+    files_->Write(std::string(ResDir) + std::string(name), ByteArray(text.begin(), text.end()));
 }
 
 ScratchGame::Result ScratchGame::Compile(std::string_view source, std::uint8_t number) {
@@ -140,7 +137,7 @@ ScratchGame::Result ScratchGame::Compile(std::string_view source, std::uint8_t n
     try {
         DecodeSettings settings;
         settings.ErrorLevel = leLow;
-        for (const DecodedMessage& message : DecodeLogic(bytes, settings, NoNames()).Messages)
+        for (const DecodedMessage& message : DecodeLogic(bytes, settings, PresentDecodeNames()).Messages)
             result.messages.push_back(std::to_string(message.Number) + " " + message.Literal);
     } catch (const Error&) {  // a test for false cannot be decompiled
     }

@@ -21,6 +21,7 @@ void AddAllCommands(CommandLine& line) {
     AddPlayCommand(line);
     AddDecompileCommand(line);
     AddDisassembleCommand(line);
+    AddCompileCommand(line);
     AddWordsCommand(line);
     AddWordsImportCommand(line);
     AddObjectsCommand(line);

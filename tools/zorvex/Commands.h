@@ -7,6 +7,7 @@ namespace zorvex::tool {
 
 void AddAddCommand(CommandLine& line);
 void AddBuildCommand(CommandLine& line);
+void AddCompileCommand(CommandLine& line);
 void AddConvertCommand(CommandLine& line);
 void AddDecompileCommand(CommandLine& line);
 void AddDisassembleCommand(CommandLine& line);
