@@ -29,6 +29,9 @@ void AddAllCommands(CommandLine& line) {
     AddBuildCommand(line);
     AddConvertCommand(line);
     AddNewCommand(line);
+    AddRepairCommand(line);
+    AddDecompileCommand(line);
+    AddDisassembleCommand(line);
 }
 
 }  // namespace zorvex::tool
