@@ -29,9 +29,6 @@ void AddAllCommands(CommandLine& line) {
     AddBuildCommand(line);
     AddConvertCommand(line);
     AddNewCommand(line);
-    AddRepairCommand(line);
-    AddDecompileCommand(line);
-    AddDisassembleCommand(line);
 }
 
 }  // namespace zorvex::tool
