@@ -14,6 +14,7 @@ void AddAllCommands(CommandLine& line) {
     AddRenumberCommand(line);
     AddRenameCommand(line);
     AddPropsCommand(line);
+    AddPictureCommand(line);
     AddViewCommand(line);
     AddViewImportCommand(line);
     AddSoundCommand(line);

@@ -17,6 +17,7 @@ void AddListCommand(CommandLine& line);
 void AddNewCommand(CommandLine& line);
 void AddObjectsCommand(CommandLine& line);
 void AddObjectsImportCommand(CommandLine& line);
+void AddPictureCommand(CommandLine& line);
 void AddPlayCommand(CommandLine& line);
 void AddPropsCommand(CommandLine& line);
 void AddPutCommand(CommandLine& line);

@@ -20,10 +20,12 @@ struct ViewOptions {
     std::string Output;
     std::string Cels;
     bool Native = false;
+    std::size_t Scale = 1;
     bool Gif = false;
     bool Json = false;
 
-    std::size_t Across() const { return Native ? 1 : 2; }
+    /// How large a pixel of a cel is drawn.
+    PixelSize Size() const { return {Scale * (Native ? 1 : 2), Scale}; }
 };
 
 void Declare(CLI::App& command, ViewOptions& options) {
@@ -31,15 +33,15 @@ void Declare(CLI::App& command, ViewOptions& options) {
     command.add_option("number", options.Number, "The number of a view of the game, or all (the default)");
     command.add_option("-o,--output", options.Output,
                        "The file to write, or a directory for files such as view.012.png");
-    command.add_option(
-        "--cels", options.Cels,
-        "Write one indexed PNG a cel into this directory, of all views into view.012 and so on in it, "
-        "and view.json, which view-import reads");
+    CLI::Option* cels =
+        command.add_option("--cels", options.Cels,
+                           "A directory for one indexed PNG a cel and the view.json that view-import reads");
     command.add_flag("--native", options.Native, "One pixel a pixel instead of two side by side");
+    command.add_option("--scale", options.Scale, "Enlarge so many times")
+        ->check(CLI::Range(1, 10))
+        ->excludes(cels);
     CLI::Option* gif =
-        command.add_flag("--gif", options.Gif,
-                         "An animation of each loop instead of a sheet: the first loop's under the "
-                         "name of the output, the others' with .loop1 and so on in it");
+        command.add_flag("--gif", options.Gif, "An animation of each loop: ego.gif, ego.loop1.gif ...");
     DeclareJson(command, options.Json);
     command.get_option("--json")
         ->description("Description, loops and cels as JSON instead of a sheet")
@@ -55,12 +57,12 @@ ByteArray BytesOf(const Json& json) {
 
 void WriteCels(AGIView& view, const ViewOptions& options, const fs::path& directory) {
     MakeOutputDirectory(directory);
-    WriteBytes(directory / celListName, BytesOf(CelListOf(view, options.Across())));
+    WriteBytes(directory / celListName, BytesOf(CelListOf(view, options.Size().Across)));
     for (const auto& loop : *view.Loops()) {
         const std::shared_ptr<AGICels> cels = loop->Cels();
         for (std::int32_t i = 0; i < cels->Count(); ++i) {
             WriteBytes(directory / CelFileName(loop->Index(), i),
-                       EncodePng(CelImage(*cels->Item(i), options.Across())));
+                       EncodePng(CelImage(*cels->Item(i), options.Size())));
         }
     }
 }
@@ -73,7 +75,7 @@ void WriteAnimations(AGIView& view, const ViewOptions& options, const fs::path& 
             file.replace_filename(path.stem().string() + ".loop" + std::to_string(loop->Index()) +
                                   path.extension().string());
         }
-        WriteBytes(file, EncodeGif(LoopAnimation(*loop, options.Across())));
+        WriteBytes(file, EncodeGif(LoopAnimation(*loop, options.Size())));
     }
 }
 
@@ -84,7 +86,7 @@ std::string Extension(const ViewOptions& options) {
 void WriteView(AGIView& view, const ViewOptions& options, const fs::path& path) {
     if (options.Json) return WriteBytes(path, BytesOf(JsonOfView(view)));
     if (options.Gif) return WriteAnimations(view, options, path);
-    WriteBytes(path, EncodePng(SheetImage(view, options.Across())));
+    WriteBytes(path, EncodePng(SheetImage(view, options.Size())));
 }
 
 // --- Reading it ------------------------------------------------------------------------------------------
@@ -177,6 +179,12 @@ int RunFile(const ViewOptions& options) {
     return exitDone;
 }
 
+void RequireView(const AGIViews& views, std::uint8_t number) {
+    if (views.Exists(number)) return;
+    throw Error(ObjectErrorBase + 617, "zorvex",
+                CatalogueText(617) + " (the game has no view " + std::to_string(number) + ")");
+}
+
 int Run(const ViewOptions& options) {
     if (options.Output.empty() && options.Cels.empty() && !options.Json) {
         throw UsageError("name the output with -o or --cels, or ask for --json");
@@ -186,6 +194,7 @@ int Run(const ViewOptions& options) {
     const std::uint8_t number = all ? std::uint8_t{0} : ParseNumber255(options.Number);
     OpenedGame game(options.Source, Access::Look);
     if (all) return WriteAll(game, options);
+    RequireView(game.Game().Views(), number);
     AGIView& view = *game.Game().Views().Item(number);
     LoadView(view);
     WriteOne(view, options, ResourceFileName(rtView, number));

@@ -49,30 +49,30 @@ struct SheetLayout {
     std::size_t Width() const { return margin + columns * (cellWidth + margin); }
 };
 
-}  // namespace
-
 ByteArray CelBytes(const AGICel& cel) {
     const CelPixels pixels = cel.AllCelData();
     return {pixels.Flat().begin(), pixels.Flat().end()};
 }
 
-IndexedImage CelImage(const AGICel& cel, std::size_t across) {
+}  // namespace
+
+IndexedImage CelImage(const AGICel& cel, PixelSize size) {
     std::vector<PngColor> palette = GamePalette();
     palette[cel.TransColor()].Alpha = 0;
-    IndexedImage image(cel.Width() * across, cel.Height(), std::move(palette));
-    image.Place(CelBytes(cel), cel.Width(), 0, 0, across);
+    IndexedImage image(cel.Width() * size.Across, cel.Height() * size.Down, std::move(palette));
+    image.Place(CelBytes(cel), cel.Width(), 0, 0, size.Across, size.Down);
     return image;
 }
 
-IndexedImage SheetImage(AGIView& view, std::size_t across) {
+IndexedImage SheetImage(AGIView& view, PixelSize size) {
     const std::shared_ptr<AGILoops> loops = view.Loops();
     const SheetLayout layout(*loops);
-    if (layout.Width() * across * layout.height > mostPixels) {
+    if (layout.Width() * size.Across * layout.height * size.Down > mostPixels) {
         RaiseText(5, "zorvex", "The view is too large for one image; write its cels with --cels");
     }
     std::vector<PngColor> palette = GamePalette();
     palette.push_back({0, 0, 0, 0});
-    IndexedImage image(layout.Width() * across, layout.height, std::move(palette), clear);
+    IndexedImage image(layout.Width() * size.Across, layout.height * size.Down, std::move(palette), clear);
     std::size_t ground = 0;
     for (const auto& loop : *loops) {
         const auto cels = CelsOf(*loop);
@@ -81,21 +81,22 @@ IndexedImage SheetImage(AGIView& view, std::size_t across) {
         for (const auto& cel : cels) {
             ByteArray pixels = CelBytes(*cel);
             std::ranges::replace(pixels, static_cast<std::uint8_t>(cel->TransColor()), clear);
-            image.Place(pixels, cel->Width(), left * across, ground - cel->Height(), across);
+            image.Place(pixels, cel->Width(), left * size.Across, (ground - cel->Height()) * size.Down,
+                        size.Across, size.Down);
             left += layout.cellWidth + margin;
         }
     }
     return image;
 }
 
-GifAnimation LoopAnimation(const AGILoop& loop, std::size_t across) {
+GifAnimation LoopAnimation(const AGILoop& loop, PixelSize size) {
     const auto cels = CelsOf(loop);
     GifAnimation animation;
-    animation.Width = WidestOf(cels) * across;
-    animation.Height = TallestOf(cels);
+    animation.Width = WidestOf(cels) * size.Across;
+    animation.Height = TallestOf(cels) * size.Down;
     animation.Palette = GamePalette();
     for (const auto& cel : cels) {
-        IndexedImage image = CelImage(*cel, across);
+        IndexedImage image = CelImage(*cel, size);
         animation.Frames.push_back({0, animation.Height - image.Height, image.Width, image.Height,
                                     static_cast<std::uint8_t>(cel->TransColor()), std::move(image.Pixels)});
     }

@@ -41,14 +41,20 @@ Json ReadJson(const fs::path& file) {
     }
 }
 
-std::unique_ptr<AGIView> ReadView(const ViewImportOptions& options) {
+/// What the source says, and the directory of its images.
+struct Source {
+    Json Content;
+    fs::path Directory;
+};
+
+Source ReadSource(const ViewImportOptions& options) {
     const fs::path source = options.Source;
-    if (!fs::is_directory(source)) return ViewFromJson(ReadJson(source), source.parent_path());
-    if (fs::exists(source / celListName)) return ViewFromJson(ReadJson(source / celListName), source);
+    if (!fs::is_directory(source)) return {ReadJson(source), source.parent_path()};
+    if (fs::exists(source / celListName)) return {ReadJson(source / celListName), source};
     if (!fs::exists(source / CelFileName(0, 0))) {
         throw UsageError(options.Source + " holds neither " + celListName + " nor " + CelFileName(0, 0));
     }
-    return ViewFromJson(GuessedCelList(source, options.Native ? 1 : 2), source);
+    return {GuessedCelList(source, options.Native ? 1 : 2), source};
 }
 
 /// Puts the bytes of a view into the game, in place of those of the same number.
@@ -72,8 +78,10 @@ void Save(AGIViews& views, std::uint8_t number, AGIView& view) {
 
 int Run(const ViewImportOptions& options) {
     const std::uint8_t number = ParseNumber255(options.Number);
+    const Source source = ReadSource(options);
     OpenedGame game(options.Game, Access::Change);
-    const std::unique_ptr<AGIView> view = ReadView(options);  // the colours of the game count
+    // Not before the game is open, since its colours count.
+    const std::unique_ptr<AGIView> view = ViewFromJson(source.Content, source.Directory);
     Save(game.Game().Views(), number, *view);
     game.Game().SaveProperties();
     return exitDone;
