@@ -31,7 +31,7 @@ class GameOfPictures {
     }
     void Reopen() {
         game_.CloseGame();
-        Open();
+        game_.OpenGameZVG(dir_.File("AGI.zvg"));
     }
     std::shared_ptr<AGIPicture> Picture(std::uint8_t number) { return game_.Pictures().Item(number); }
     AGIGame& Game() { return game_; }
