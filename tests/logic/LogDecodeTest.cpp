@@ -1,5 +1,6 @@
 #include "zorvex/logic/LogDecode.h"
 
+#include "tests/support/DocumentedBytes.h"
 #include "tests/support/LogicBytes.h"
 #include "zorvex/game/Error.h"
 #include "zorvex/logic/Disassembly.h"
@@ -82,6 +83,11 @@ TEST(LogDecode, NestsSixtyThreeBlocksAndNoMore) {
     EXPECT_EQ(logic.Lines[126], "  }");
     EXPECT_EQ(FailureOf(LogicOf(Nested(64), OneMessage(text))),
               "Too many nested blocks (64) at position 384");
+}
+
+TEST(LogDecode, ReadsTheDocumentedExample) {
+    EXPECT_EQ(TextOfLines(Decode(DocumentedBytes("logic.md"))),
+              "if (isset(f5))\n  {\n  print(\"Hi\");\n  }\nreturn();\n\n[ Messages\n#message 2 \"No.\"\n");
 }
 
 TEST(LogDecode, ReportsLabelsMessagesAndWarnings) {
