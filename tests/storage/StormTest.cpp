@@ -1,0 +1,107 @@
+// Thousands of random edits, watched by a model in memory and a reader of its own.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <random>
+
+#include "tests/support/GameBuilder.h"
+#include "tests/support/GameModel.h"
+#include "tests/support/MemoryFileSystem.h"
+#include "zorvex/game/AGIGame.h"
+#include "zorvex/picture/AGIPictures.h"
+#include "zorvex/platform/FileSystem.h"
+#include "zorvex/sound/AGISounds.h"
+#include "zorvex/view/AGIViews.h"
+
+namespace zorvex {
+namespace {
+
+using test::Model;
+
+const std::string gameDir = "\\game\\";
+
+/// ZORVEX_STORM gives the number of edits of each generation.
+int EditCount() {
+    const char* wanted = std::getenv("ZORVEX_STORM");
+    return wanted == nullptr ? 1500 : std::atoi(wanted);
+}
+
+class Storm {
+  public:
+    Storm(const std::string& v3ID, unsigned seed) : id_(v3ID), random_(seed) {
+        test::GameBuilder builder(id_);
+        builder.Add(rtLogic, 0, test::SmallestLogic()).WriteTo(gameDir);
+        Files().MakeDirectory(gameDir + "src");
+        game_.OpenGameDIR(gameDir);
+        model_ = test::ReadModel(gameDir, id_);
+    }
+
+    void Run(int edits) {
+        for (int n = 1; n <= edits && !testing::Test::HasFailure(); ++n) {
+            Edit();
+            if (n % 100 == 0) Check(n);
+        }
+    }
+
+  private:
+    std::size_t Pick(std::size_t below) { return random_() % below; }
+
+    void Edit() {
+        const std::array types{rtPicture, rtSound, rtView};
+        const AGIResType type = types[Pick(3)];
+        const auto number = static_cast<std::uint8_t>(Pick(24));
+        ResourceCollectionBase& collection = *CollectionOf(type);
+        if (!collection.Exists(number)) {
+            Add(type, number);
+        } else if (Pick(4) == 0) {
+            collection.Remove(number);
+            model_.erase({type, number});
+        } else if (const auto target = static_cast<std::uint8_t>(Pick(24));
+                   Pick(3) == 0 && !collection.Exists(target)) {
+            collection.Renumber(number, target);
+            auto entry = model_.extract({type, number});
+            entry.key().second = target;
+            model_.insert(std::move(entry));
+        } else {
+            Save(*collection.Find(number));
+        }
+    }
+
+    void Add(AGIResType type, std::uint8_t number) {
+        if (type == rtPicture) game_.Pictures().Add(number);
+        if (type == rtSound) game_.Sounds().Add(number);
+        if (type == rtView) game_.Views().Add(number);
+        Save(*CollectionOf(type)->Find(number));
+    }
+
+    void Save(GameResource& resource) {
+        const ByteArray bytes = test::SampleResource(resource.ResType(), Pick(Pick(8) == 0 ? 30000 : 600));
+        resource.Resource().SetAllData(bytes);
+        resource.Resource().Save();
+        resource.Unload();
+        model_[{resource.ResType(), resource.Number()}] = bytes;
+    }
+
+    void Check(int edits) {
+        EXPECT_EQ(test::Difference(test::ReadModel(gameDir, id_), model_), "") << "after " << edits;
+        EXPECT_EQ(test::FindOverlap(gameDir, id_), "") << "after " << edits;
+        game_.CloseGame();
+        game_.OpenGameZVG(gameDir + (id_.empty() ? "AGI.zvg" : id_ + ".zvg"));
+        EXPECT_EQ(test::Difference(test::LoadedModel(), model_), "") << "after " << edits;
+    }
+
+    std::string id_;
+    std::mt19937 random_;
+    AGIGame game_;
+    Model model_;
+};
+
+TEST(Storm, EditsNeverLoseOrOverlapAResource) {
+    for (const std::string id : {"", "TST"}) {
+        const test::MemoryFiles files;
+        Storm(id, 7).Run(EditCount());
+    }
+}
+
+}  // namespace
+}  // namespace zorvex
