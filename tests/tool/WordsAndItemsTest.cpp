@@ -1,0 +1,101 @@
+// The commands that show and replace the vocabulary and the inventory of a game.
+#include <nlohmann/json.hpp>
+
+#include "tests/support/GameBuilder.h"
+#include "tests/support/RunTool.h"
+#include "tests/support/TestFiles.h"
+#include "zorvex/vocab/ObjectFile.h"
+
+namespace zorvex {
+namespace {
+
+using nlohmann::json;
+using test::RunTool;
+using test::TempDir;
+using test::ToolRun;
+
+class WordsAndItems : public testing::Test {
+  protected:
+    void SetUp() override {
+        SKIP_WITHOUT_TOOL();
+        test::GameBuilder().Add(rtLogic, 0, test::SmallestLogic()).WriteTo(game);
+        InventoryData items;
+        items.Items = {{"?", 0}, {"Key", 5}, {"key", 6}, {"caf\xE9", 255}};
+        items.Encrypted = true;
+        items.AmigaOBJ = true;
+        game.Write("OBJECT", EncodeObjectFile(items));
+        files.Write("words.agw", "2.1.1\r\n7\tlook\tlook at\r\n8\t\xE9t\xE9\r\n\xFF\xFF\r\nMine\r\n");
+        files.Write("items.ago", "2.1.1\r\n20\r\n0\t?\r\n3\tlamp\r\n\xFF\xFF\r\nMine\r\n");
+    }
+
+    std::string File(const std::string& name) const { return files.Native() + "/" + name; }
+    static json Shown(const std::string& command, const std::string& source) {
+        const ToolRun run = RunTool({command, source, "--json"});
+        EXPECT_EQ(run.Status, 0) << run.Diagnostics;
+        return run.Status == 0 ? json::parse(run.Output) : json();
+    }
+
+    TempDir game;
+    TempDir files;
+};
+
+TEST_F(WordsAndItems, AreShownWithoutTouchingTheGame) {
+    const auto before = game.All();
+    const json items = Shown("objects", game.Native());
+    EXPECT_EQ(items["items"][1], json::parse(R"({"name": "Key", "room": 5, "unique": false})"));
+    EXPECT_EQ(items["items"][3]["name"], "caf\u00E9");
+    EXPECT_TRUE(items["encrypted"] == true && items["amiga"] == true && items["maxScreenObjects"] == 16);
+    EXPECT_EQ(game.All(), before);
+    EXPECT_EQ(Shown("words", File("words.agw")), json::parse(R"({"words": [{"text": "look", "group": 7},
+        {"text": "look at", "group": 7}, {"text": "\u00E9t\u00E9", "group": 8}], "description": "Mine"})"));
+    EXPECT_EQ(RunTool({"words", File("words.agw")}).Output, "7\tlook\tlook at\n8\t\u00E9t\u00E9\n");
+}
+
+TEST_F(WordsAndItems, GoFromOneFormToTheOther) {
+    EXPECT_EQ(RunTool({"words", game.Native(), "-o", File("w.agw")}).Status, 0);
+    EXPECT_EQ(RunTool({"words", File("w.agw"), "-o", File("w.tok")}).Status, 0);
+    EXPECT_EQ(Shown("words", File("w.tok")), Shown("words", game.Native()));
+    EXPECT_EQ(RunTool({"objects", game.Native(), "-o", File("OBJECT")}).Status, 0);
+    EXPECT_EQ(files.Read("OBJECT"), game.Read("OBJECT"));
+}
+
+TEST_F(WordsAndItems, OfAFileBecomeThoseOfTheGame) {
+    files.Write("words.agw", "2.1.1\r\n7\tlook\tlook at\r\n\xFF\xFF\r\nMine\r\n");
+    EXPECT_EQ(RunTool({"words-import", game.Native(), File("words.agw")}).Status, 0);
+    EXPECT_EQ(Shown("words", game.Native()), Shown("words", File("words.agw")));
+    EXPECT_EQ(RunTool({"objects-import", game.Native(), File("items.ago")}).Status, 0);
+    json expected = Shown("objects", File("items.ago"));
+    expected["encrypted"] = true;
+    expected["amiga"] = true;
+    EXPECT_EQ(Shown("objects", game.Native()), expected) << "the file's form stays";
+
+    // Files that cannot be read are replaced, and a list without a description leaves the game its own.
+    game.Write("WORDS.TOK", "");
+    game.Write("OBJECT", "bad");
+    EXPECT_EQ(RunTool({"words", game.Native()}).Status, 1);
+    EXPECT_EQ(RunTool({"objects", game.Native()}).Status, 1);
+    EXPECT_EQ(RunTool({"words", File("words.agw"), "-o", File("w.tok")}).Status, 0);
+    EXPECT_EQ(RunTool({"words-import", game.Native(), File("w.tok")}).Status, 0);
+    EXPECT_EQ(Shown("words", game.Native()), Shown("words", File("words.agw")));
+    EXPECT_EQ(RunTool({"objects-import", game.Native(), File("items.ago")}).Status, 0);
+    EXPECT_EQ(Shown("objects", game.Native())["items"].size(), 2U);
+}
+
+TEST_F(WordsAndItems, OfABadFileLeaveTheGameAsItIs) {
+    const auto before = game.All();
+    EXPECT_EQ(RunTool({"words-import", game.Native(), File("items.ago")}).Status, 2) << "items are no words";
+    EXPECT_EQ(RunTool({"objects-import", game.Native(), File("words.agw")}).Status, 2);
+    EXPECT_EQ(RunTool({"words-import", game.Native(), File("none.agw")}).Status, 1);
+    files.Write("bad", "nothing that it knows");
+    EXPECT_EQ(RunTool({"words-import", game.Native(), File("bad")}).Status, 1);
+    EXPECT_EQ(RunTool({"objects-import", game.Native(), File("bad")}).Status, 1);
+    EXPECT_EQ(RunTool({"words", game.Native(), "-o", File("words.txt")}).Status, 2);
+    EXPECT_EQ(game.All(), before);
+    const ToolRun run = RunTool({"words-import", game.Native(), File("words.agw")});
+    EXPECT_EQ(run.Status, 1);
+    EXPECT_NE(run.Diagnostics.find("error 672: WORDS.TOK compile error(6:Overflow)"), std::string::npos);
+    EXPECT_EQ(game.Read("WORDS.TOK"), before.at("WORDS.TOK"));
+}
+
+}  // namespace
+}  // namespace zorvex
