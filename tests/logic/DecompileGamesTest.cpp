@@ -98,7 +98,8 @@ TEST(RealLogics, DecompileTheSameFromBothGenerations) {
         }));
         // One logic of the game asks for a word that its vocabulary does not have; nothing else is amiss.
         const std::size_t warning = text.find("WARNING");
-        EXPECT_TRUE(warning == std::string::npos || text.substr(warning).starts_with("WARNING: unknown word: 16"));
+        EXPECT_TRUE(warning == std::string::npos ||
+                    text.substr(warning).starts_with("WARNING: unknown word: 16"));
     }
 }
 
