@@ -10,6 +10,7 @@
 
 #include "tests/support/LzwEncoder.h"
 #include "zorvex/game/AGIGame.h"
+#include "zorvex/game/Error.h"
 #include "zorvex/game/LibraryState.h"
 #include "zorvex/picture/AGIPictures.h"
 #include "zorvex/platform/FileSystem.h"
