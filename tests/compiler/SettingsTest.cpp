@@ -85,8 +85,8 @@ TEST_F(SettingsTest, GivesTheDefinesOfAType) {
 }
 
 TEST_F(SettingsTest, BringsBadNamesBack) {
-    for (const char* name : {"", "12", " -1.5 ", "set.view", "Said", "adj.ego.move.to.x.y", "ELSE", "goto", "v12",
-                             "S3", "a b", "a-b", "a/b", "a@b", "a\\b", "a`b", "a\xE9"}) {
+    for (const char* name : {"", "12", " -1.5 ", "set.view", "Said", "adj.ego.move.to.x.y", "ELSE", "goto",
+                             "v12", "S3", "a b", "a-b", "a/b", "a@b", "a\\b", "a`b", "a\xE9"}) {
         EXPECT_EQ(NameAfterCheck(1, 0, name), "currentRoom");
     }
     for (const char* name : {"room", "then", "w", "a.b", "a_b", "x12", "CURRENTROOM"}) {

@@ -162,9 +162,7 @@ TEST(AGIPicture, CopyTakesEverything) {
     EXPECT_FALSE(copy.Loaded());
 }
 
-// --- Bitmaps
-// -------------------------------------------------------------------------------------------------------
-
+// --- Bitmaps ---
 TEST(AGIPicture, BitmapsHoldTheScreens) {
     AGIPicture picture;
     picture.SetPictureData(bands);

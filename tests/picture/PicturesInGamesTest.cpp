@@ -127,9 +127,7 @@ TEST(PicturesInGames, UnsavedChangesGoWithTheBytes) {
     EXPECT_ERROR(563, picture->Save());
 }
 
-// --- Real games
-// ----------------------------------------------------------------------------------------------------
-
+// --- Real games ---
 TEST(RealPictures, DrawAsExpected) {
     if (ExpectedGame::Names().empty())
         GTEST_SKIP() << "no real games here; set ZORVEX_GAMES to where they are";

@@ -14,7 +14,8 @@ namespace {
 using nlohmann::json;
 
 /// Two loops, a pair, with one cel of 4 by 2, and a description of the bytes 'k', 0x9B and 0xFF.
-const ByteArray pairView{1, 1, 2, 21, 0, 9, 0, 9, 0, 1, 3, 0, 4, 2, 0x80, 1, 0x12, 0, 0x11, 0, 0, 'k', 0x9B, 0xFF, 0};
+const ByteArray pairView{1, 1,    2, 21,   0, 9,    0, 9, 0,   1,    3,    0, 4,
+                         2, 0x80, 1, 0x12, 0, 0x11, 0, 0, 'k', 0x9B, 0xFF, 0};
 
 void WriteGame(const TempDir& dir) {
     ByteArray late = SmallestView();
@@ -39,7 +40,8 @@ TEST(ViewTool, AllWritesWhatCanBeReadAndTellsTheRest) {
     const auto before = game.All();
     const ToolRun run = RunTool({"view", game.Native(), "all", "-o", out.Native()});
     EXPECT_EQ(run.Status, 1);
-    EXPECT_NE(run.Diagnostics.find("view.005: error 513: Can't read past end of resource."), std::string::npos);
+    EXPECT_NE(run.Diagnostics.find("view.005: error 513: Can't read past end of resource."),
+              std::string::npos);
     EXPECT_NE(run.Diagnostics.find("at the last byte of the view"), std::string::npos);
     EXPECT_TRUE(out.Exists("view.001.png") && !out.Exists("view.005.png") && out.Exists("view.009.png"));
     EXPECT_EQ(game.All(), before);
@@ -95,16 +97,18 @@ TEST(ViewTool, DrawnImagesTakeTheNearestColors) {
     const TempDir game;
     const TempDir cels;
     WriteGame(game);
-    // Nearly white, nearly black, clear, nearly light red: as a paint program saves them, with a palette of its own.
-    cels.Write("loop.000.cel.000.png",
-               tool::EncodePng([] {
-                   tool::IndexedImage image(4, 1, {{250, 250, 250, 255}, {9, 0, 0, 255}, {1, 2, 3, 0}, {255, 90, 70, 255}});
+    // Nearly white, nearly black, clear, nearly light red: as a paint program saves them, with a palette of
+    // its own.
+    cels.Write("loop.000.cel.000.png", tool::EncodePng([] {
+                   tool::IndexedImage image(
+                       4, 1, {{250, 250, 250, 255}, {9, 0, 0, 255}, {1, 2, 3, 0}, {255, 90, 70, 255}});
                    image.Pixels = {0, 1, 2, 3};
                    return image;
                }()));
     EXPECT_EQ(RunTool({"view-import", game.Native(), "9", cels.Native(), "--native"}).Status, 0);
     const json cel = ViewJson(game, "9")["loops"][0]["cels"][0];
-    EXPECT_EQ(cel["rows"], json({"F01C"})) << "black is in use, so the next free colour is the transparent one";
+    EXPECT_EQ(cel["rows"], json({"F01C"}))
+        << "black is in use, so the next free colour is the transparent one";
     EXPECT_EQ(cel["transparentColor"], 1);
 }
 
@@ -139,7 +143,8 @@ TEST(ViewTool, EachLoopIsAnAnimation) {
     const TempDir game;
     const TempDir out;
     WriteGame(game);
-    EXPECT_EQ(RunTool({"view", game.Native(), "1", "-o", out.Native() + "/a.gif", "--gif", "--native"}).Status, 0);
+    EXPECT_EQ(
+        RunTool({"view", game.Native(), "1", "-o", out.Native() + "/a.gif", "--gif", "--native"}).Status, 0);
     EXPECT_TRUE(out.Exists("a.gif"));
     const std::string path = out.Native() + "/a.loop1.gif";
     int code = 0;

@@ -166,7 +166,7 @@ TEST(View, ACopyHasItsOwnPairs) {
     EXPECT_EQ(copy.ID(), "Ego");
 }
 
-// --- The bitmap of a cel ------------------------------------------------------------------------------
+// --- The bitmap of a cel ---
 
 std::vector<std::int32_t> Colors(std::int32_t context) {
     const auto look = Bitmaps().Look(context).value();

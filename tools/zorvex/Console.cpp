@@ -76,9 +76,7 @@ std::string ShownText(std::string_view text) {
     return shown;
 }
 
-// --- Progress
-// ------------------------------------------------------------------------------------------------------
-
+// --- Progress ---
 Progress::Progress(std::string title, std::size_t total)
     : title_(std::move(title)), total_(total), onTerminal_(isatty(STDERR_FILENO) == 1) {}
 

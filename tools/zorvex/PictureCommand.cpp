@@ -49,9 +49,7 @@ void Declare(CLI::App& command, PictureOptions& options) {
         ->excludes(raw);
 }
 
-// --- What a picture becomes
-// ----------------------------------------------------------------------------------------
-
+// --- What a picture becomes ---
 /// The screens asked for, side by side, as an image.
 ByteArray PngOf(AGIPicture& picture, const PictureOptions& options) {
     std::vector<ByteArray> screens;
@@ -114,9 +112,7 @@ Json JsonOfPicture(AGIPicture& picture) {
     return json;
 }
 
-// --- Where it goes
-// -------------------------------------------------------------------------------------------------
-
+// --- Where it goes ---
 /// Writes what was asked for. `path` is the file to write or, with `addExtension`, its name without an
 /// extension.
 void WritePicture(AGIPicture& picture, const PictureOptions& options, const std::string& path,
@@ -186,8 +182,8 @@ int RunFile(const PictureOptions& options) {
     if (!options.Number.empty()) throw UsageError("a file holds one picture; give no number");
     const ByteArray bytes = ReadBytes(options.Source);
     if (bytes.empty() || bytes.size() > static_cast<std::size_t>(MaxResourceSize)) {
-        throw UsageError(options.Source + " has " + std::to_string(bytes.size()) + " bytes; a picture has 1 to " +
-                         std::to_string(MaxResourceSize));
+        throw UsageError(options.Source + " has " + std::to_string(bytes.size()) +
+                         " bytes; a picture has 1 to " + std::to_string(MaxResourceSize));
     }
     AGIPicture picture;
     picture.SetPictureData(bytes);

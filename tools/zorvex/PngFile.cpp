@@ -32,9 +32,7 @@ void KeepError(png_structp png, png_const_charp text) {
 
 void IgnoreWarning(png_structp, png_const_charp) {}
 
-// --- Writing
-// -------------------------------------------------------------------------------------------------------
-
+// --- Writing ---
 void AppendBytes(png_structp png, png_bytep data, std::size_t size) {
     bool appended = true;
     try {
@@ -97,9 +95,7 @@ struct Writer {
     }
 };
 
-// --- Reading
-// -------------------------------------------------------------------------------------------------------
-
+// --- Reading ---
 void TakeBytes(png_structp png, png_bytep data, std::size_t size) {
     auto& rest = *static_cast<ByteView*>(png_get_io_ptr(png));
     if (size > rest.size()) png_error(png, "the file ends too soon");

@@ -48,7 +48,7 @@ void Declare(CLI::App& command, ViewOptions& options) {
         ->excludes(gif);
 }
 
-// --- What a view becomes ---------------------------------------------------------------------------------
+// --- What a view becomes ---
 
 ByteArray BytesOf(const Json& json) {
     const std::string text = JsonText(json);
@@ -89,7 +89,7 @@ void WriteView(AGIView& view, const ViewOptions& options, const fs::path& path) 
     WriteBytes(path, EncodePng(SheetImage(view, options.Size())));
 }
 
-// --- Reading it ------------------------------------------------------------------------------------------
+// --- Reading it ---
 
 /// Tells in words what is wrong with a view whose description is not within its bytes.
 [[noreturn]] void RaiseDescription(const Error& error, ByteView bytes) {
@@ -117,7 +117,7 @@ void LoadView(AGIView& view) {
     ReadLoops(view);
 }
 
-// --- The command -----------------------------------------------------------------------------------------
+// --- The command ---
 
 void WriteOne(AGIView& view, const ViewOptions& options, const std::string& name) {
     if (!options.Cels.empty()) WriteCels(view, options, options.Cels);

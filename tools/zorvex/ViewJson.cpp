@@ -16,7 +16,7 @@ constexpr std::size_t maxDescription = 255;
 constexpr char32_t noBreakSpace = 0xA0;
 constexpr std::string_view digits = "0123456789ABCDEF";
 
-// --- Text ------------------------------------------------------------------------------------------------
+// --- Text ---
 
 /// Game text as JSON text, one character a byte and none for two bytes, so that it can be read back.
 std::string JsonTextOf(std::string_view gameText) {
@@ -40,7 +40,7 @@ std::string GameTextOf(std::string_view text) {
     return gameText;
 }
 
-// --- Writing ---------------------------------------------------------------------------------------------
+// --- Writing ---
 
 Json RowsOf(const AGICel& cel) {
     Json rows = Json::array();
@@ -75,7 +75,7 @@ Json ViewTo(AGIView& view, AddPixels addPixels) {
     return json;
 }
 
-// --- Reading ---------------------------------------------------------------------------------------------
+// --- Reading ---
 
 [[noreturn]] void RaiseAt(const std::string& place, const std::string& text) {
     RaiseText(5, "zorvex", place + ": " + text);

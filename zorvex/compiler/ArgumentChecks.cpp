@@ -13,9 +13,7 @@ namespace zorvex {
 
 namespace {
 
-// --- Reserved variables and flags
-// --------------------------------------------------------------------------------
-
+// --- Reserved variables and flags ---
 void CheckReservedVar(CompileRun& run, std::uint8_t variable, std::uint8_t value) {
     const auto& table = ReservedNames().Group(rgVariables);
     if (run.Level == leLow || variable >= table.size()) return;
@@ -59,9 +57,7 @@ void CheckReservedFlag(CompileRun& run, std::uint8_t flag) {
     }
 }
 
-// --- add.to.pic
-// ------------------------------------------------------------------------------------------------
-
+// --- add.to.pic ---
 /// What a look into a view found.
 enum class ViewFault : std::uint8_t { None, NotLoadable, NoLoop, NoCel };
 
@@ -98,9 +94,7 @@ void CheckAddToPic(CompileRun& run, const ArgBytes& args) {
     }
 }
 
-// --- clear.text.rect
-// -------------------------------------------------------------------------------------------
-
+// --- clear.text.rect ---
 void CheckTextRect(CompileRun& run, const ArgBytes& args) {
     constexpr int maxRow = 24;
     constexpr int maxColumn = 39;
@@ -111,9 +105,7 @@ void CheckTextRect(CompileRun& run, const ArgBytes& args) {
     if (outside) run.Report(0, 5070);
 }
 
-// --- The table
-// ------------------------------------------------------------------------------------------------
-
+// --- The table ---
 using ChecksByCommand = std::array<std::vector<const ArgCheck*>, ActionCommandRows>;
 
 ChecksByCommand IndexOf(std::span<const ArgCheck> checks) {

@@ -80,9 +80,7 @@ std::string_view ArgumentReader::QuotedText(std::string_view token) {
     return Inside(ConcatArg(run_, token, joined_));
 }
 
-// --- Numbers and markers
-// -----------------------------------------------------------------------------------------
-
+// --- Numbers and markers ---
 std::int32_t ArgumentReader::NumberArgument(const Argument& arg, bool& varOrNum) {
     const std::optional<double> number = NumericValue(arg.text);
     if (!number) {
@@ -128,9 +126,7 @@ std::int32_t ArgumentReader::ControllerArgument(const Argument& arg) {
     return value;
 }
 
-// --- Messages
-// ----------------------------------------------------------------------------------------------------
-
+// --- Messages ---
 std::int32_t ArgumentReader::MessageArgument(const Argument& arg) {
     if (arg.text.starts_with('"')) {
         const std::int32_t number = MessageNum(run_, QuotedText(arg.text));
@@ -148,9 +144,7 @@ std::int32_t ArgumentReader::MessageArgument(const Argument& arg) {
     return value;
 }
 
-// --- Inventory items
-// ---------------------------------------------------------------------------------------------
-
+// --- Inventory items ---
 std::int32_t ArgumentReader::ItemNamed(const Argument& arg) {
     std::string name = ReplaceAll(QuotedText(arg.text), "\\\"", "\"");
     if (!items_) {
@@ -182,9 +176,7 @@ std::int32_t ArgumentReader::ItemArgument(const Argument& arg) {
     return value;
 }
 
-// --- Vocabulary
-// --------------------------------------------------------------------------------------------------
-
+// --- Vocabulary ---
 /// The group that a number stands for, and whether there is such a group; nothing for a number that is none.
 std::optional<std::int32_t> ArgumentReader::GroupOfNumber(double number, bool& exists) const {
     if (number != std::floor(number)) return std::nullopt;

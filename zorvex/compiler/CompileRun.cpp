@@ -38,9 +38,7 @@ bool IsIgnored(std::int32_t number) {
 CompileRun::CompileRun(std::uint8_t logicNumber, LogicErrorLevel level)
     : LogicNumber(logicNumber), Level(level) {}
 
-// --- Reporting
-// ---------------------------------------------------------------------------------------------------
-
+// --- Reporting ---
 CompileFailure CompileRun::Failure(std::int32_t number,
                                    std::initializer_list<std::string_view> fillers) const {
     return {number, FilledText(number, fillers), {}};
@@ -89,9 +87,7 @@ std::string CompileRun::ModuleName() const {
     return ErrModule < 0 ? std::string() : IncludeFiles[static_cast<std::size_t>(ErrModule)];
 }
 
-// --- Lines
-// -------------------------------------------------------------------------------------------------------
-
+// --- Lines ---
 void CompileRun::ResetCompiler() {
     IncludeOffset = 0;
     QuoteErrLine = -1;
@@ -124,9 +120,7 @@ std::int32_t CompileRun::Column() const {
            1;
 }
 
-// --- Labels and code
-// ---------------------------------------------------------------------------------------------
-
+// --- Labels and code ---
 void CompileRun::AddLabel(std::string_view name) {
     labelIndex_.emplace(name, static_cast<std::int32_t>(Labels.size()));
     Labels.push_back({name, 0});

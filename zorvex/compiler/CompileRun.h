@@ -67,9 +67,7 @@ class CompileRun {
     const std::uint8_t LogicNumber;
     const LogicErrorLevel Level;
 
-    // --- Reporting
-    // ---------------------------------------------------------------------------------------------
-
+    // --- Reporting ---
     /// The error with the catalogue's text; fillers are game text.
     CompileFailure Failure(std::int32_t number, std::initializer_list<std::string_view> fillers = {}) const;
     /// Ends the compile with the catalogue's error text; fillers are game text.
@@ -96,9 +94,7 @@ class CompileRun {
     /// The line whose string needed a quote added, -1 for none.
     std::int32_t QuoteErrLine = -1;
 
-    // --- Lines
-    // -------------------------------------------------------------------------------------------------
-
+    // --- Lines ---
     std::vector<SourceLine> SourceLines;
     std::vector<std::string> IncludeFiles;  // full names, host text
     /// The texts that the lines are views of; they stay where they are.
@@ -121,9 +117,7 @@ class CompileRun {
     std::int32_t IncludeOffset = 0;
     std::size_t TokenStart = 0;
 
-    // --- What the passes find
-    // ----------------------------------------------------------------------------------
-
+    // --- What the passes find ---
     NameTable Names;
     std::vector<LabelEntry> Labels;
     /// Adds a label whose name is not taken yet.
@@ -136,9 +130,7 @@ class CompileRun {
     /// The index in Labels of a name, -1 when unknown.
     std::int32_t LabelNum(std::string_view name) const;
 
-    // --- Code
-    // --------------------------------------------------------------------------------------------------
-
+    // --- Code ---
     AGIResource LogicBuffer;
     /// A new.room has just been compiled; what follows it is never run.
     bool NewRoomPending = false;

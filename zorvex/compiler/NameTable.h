@@ -30,9 +30,7 @@ class NameTable {
 
     const GlobalDefineTable& Globals() const { return *globals_; }
 
-    // --- Local defines
-    // -----------------------------------------------------------------------------------------
-
+    // --- Local defines ---
     /// Adds a define whose name is not taken yet. The table must not be asked for arguments before the last
     /// define is in.
     void AddLocal(TDefine define);

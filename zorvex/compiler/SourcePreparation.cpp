@@ -29,9 +29,7 @@ std::string_view TrimWhite(std::string_view text) {
     return text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
 
-// --- Labels
-// ------------------------------------------------------------------------------------------------------
-
+// --- Labels ---
 /// What a line declares as a label; "" for a line that declares none.
 std::string_view LabelOf(std::string_view line) {
     const std::string_view text = TrimWhite(line);
@@ -49,9 +47,7 @@ void ReadLabel(CompileRun& run, std::string_view label) {
     run.AddLabel(label);
 }
 
-// --- Defines
-// -----------------------------------------------------------------------------------------------------
-
+// --- Defines ---
 /// The text of the error that a define's name deserves; "" for a good one.
 std::string NameComplaint(CompileRun& run, const std::string& name) {
     DefineFault fault = ValidateDefName(name, run.Names.Globals());
@@ -124,9 +120,7 @@ void ReadDefine(CompileRun& run, std::string_view line) {
     run.UpdateCurrentLine({});
 }
 
-// --- Messages
-// ----------------------------------------------------------------------------------------------------
-
+// --- Messages ---
 std::int32_t MessageNumber(CompileRun& run) {
     const std::string_view token = NextCommand(run, true);
     const std::int32_t number = NumericValue(token) ? VariableValue(token) : -1;

@@ -73,9 +73,7 @@ void StatementCompiler::Statement() {
     }
 }
 
-// --- Blocks
-// ------------------------------------------------------------------------------------------------------
-
+// --- Blocks ---
 void StatementCompiler::CloseBlock() {
     if (blockDepth_ == 0) run_.Fail(4010);
     run_.NewRoomPending = false;
@@ -114,9 +112,7 @@ void StatementCompiler::CompileElse() {
     OpenBlock(false);
 }
 
-// --- Jumps and labels
-// --------------------------------------------------------------------------------------------
-
+// --- Jumps and labels ---
 void StatementCompiler::WarnAfterNewRoom() {
     if (!run_.NewRoomPending) return;
     run_.Report(5095, 5095);
@@ -143,9 +139,7 @@ void StatementCompiler::DeclareLabel(std::string_view name) {
     run_.Labels[static_cast<std::size_t>(label)].Loc = run_.Position();
 }
 
-// --- Commands
-// ----------------------------------------------------------------------------------------------------
-
+// --- Commands ---
 void StatementCompiler::CompileStep(std::uint8_t command) {
     run_.Append(command);
     std::string_view variable = NextCommand(run_, false);
@@ -203,9 +197,7 @@ void StatementCompiler::ReadArguments(std::uint8_t command, std::array<std::uint
     }
 }
 
-// --- The end
-// -----------------------------------------------------------------------------------------------------
-
+// --- The end ---
 void StatementCompiler::FinishCode() {
     if (!lastWasReturn_) {
         if (run_.Level == leHigh) run_.Fail(4102);

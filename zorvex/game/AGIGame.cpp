@@ -62,9 +62,7 @@ std::string ExistingDirectory(std::string_view value) {
 
 }  // namespace
 
-// --- The objects
-// ---------------------------------------------------------------------------------------------------
-
+// --- The objects ---
 bool AGIGame::GameLoaded() const {
     return Library().GameLoaded;
 }
@@ -109,9 +107,7 @@ std::vector<TDefine> AGIGame::GlobalDefines() const {
     return CurrentGlobalDefines()->List();
 }
 
-// --- Identity and places
-// -------------------------------------------------------------------------------------------
-
+// --- Identity and places ---
 std::string AGIGame::GameID() const {
     if (!GameLoaded()) RaiseCatalogue(677, ErrorSource);
     return Library().GameID;
@@ -262,9 +258,7 @@ void AGIGame::CompileGame(bool rebuildOnly, std::string_view newGameDir) {
     CompileGameFiles(rebuildOnly, newGameDir);
 }
 
-// --- Descriptive values
-// --------------------------------------------------------------------------------------------
-
+// --- Descriptive values ---
 std::string AGIGame::GameAuthor() const {
     return Library().GameAuthor;
 }
@@ -334,9 +328,7 @@ void AGIGame::UseLE(bool value) {
     WriteGeneral("UseLE", BoolText(value));
 }
 
-// --- Library-wide values
-// -------------------------------------------------------------------------------------------
-
+// --- Library-wide values ---
 std::int32_t AGIGame::EGAColor(std::int16_t index) const {
     return At(Library().EGAColor, index, ErrorSource);
 }
@@ -362,9 +354,7 @@ std::string AGIGame::ResTypeName(AGIResType type) const {
     return std::string(At(ResTypeNames, static_cast<int>(type), ErrorSource));
 }
 
-// --- Properties and the running compile
-// ----------------------------------------------------------------------------
-
+// --- Properties and the running compile ---
 void AGIGame::SaveProperties() {
     SaveGameProperties();
 }

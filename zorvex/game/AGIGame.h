@@ -41,9 +41,7 @@ class AGIGame {
     AGIGame(const AGIGame&) = delete;
     AGIGame& operator=(const AGIGame&) = delete;
 
-    // --- Opening and closing
-    // ---------------------------------------------------------------------------------------
-
+    // --- Opening and closing ---
     /// Opens the AGI game of a directory. A property file already there is set aside as .OLD and a new one is
     /// written. Raises 501 while a game is open, 541 for a directory without a game, 543 for an unknown
     /// version, and what the directory files give (524, 542, 545, the plain 511). 636 means that the game is
@@ -77,9 +75,7 @@ class AGIGame {
     /// 694, 503, 593, 638 and 640.
     void CompileGame(bool rebuildOnly = false, std::string_view newGameDir = {});
 
-    // --- The objects of the game
-    // -----------------------------------------------------------------------------------
-
+    // --- The objects of the game ---
     AGIGameEvents& GameEvents() const;
     AGILogics& Logics() const;
     AGIPictures& Pictures() const;
@@ -97,9 +93,7 @@ class AGIGame {
     /// A copy of the defines in the game's globals.txt, which is read again when it has changed.
     std::vector<TDefine> GlobalDefines() const;
 
-    // --- Identity and places
-    // ---------------------------------------------------------------------------------------
-
+    // --- Identity and places ---
     /// At most 6 characters, 5 in a V3 game; longer values are cut. The setter renames the V3 directory and
     /// volume files and a property file named after the ID. Raises 677 while no game is open and 530 when a
     /// rename fails.
@@ -132,9 +126,7 @@ class AGIGame {
     std::string InterpreterVersion() const;
     void InterpreterVersion(std::string_view value);
 
-    // --- Descriptive values; each setter writes to the property list
-    // -----------------------------------------------
-
+    // --- Descriptive values; each setter writes to the property list ---
     /// At most 256 characters.
     std::string GameAuthor() const;
     void GameAuthor(std::string_view value);
@@ -162,9 +154,7 @@ class AGIGame {
     bool UseLE() const;
     void UseLE(bool value);
 
-    // --- Library-wide values
-    // ---------------------------------------------------------------------------------------
-
+    // --- Library-wide values ---
     /// A palette entry, red in the low byte. Raises 9 for an index outside 0 to 15. Persisted while a game is
     /// open; CloseGame restores the default colours.
     std::int32_t EGAColor(std::int16_t index) const;
@@ -178,9 +168,7 @@ class AGIGame {
     /// "Logic", "Picture", "Sound" or "View". Raises 9 for any other type.
     std::string ResTypeName(AGIResType type) const;
 
-    // --- Properties and the running compile
-    // ------------------------------------------------------------------------
-
+    // --- Properties and the running compile ---
     /// Writes the property list to its file, if there is a list.
     void SaveProperties();
     /// Writes a key of the property list; with `forceSave` also saves the list.

@@ -77,9 +77,7 @@ void ResetToEmptyGame() {
     Library().PropertyList.reset();
 }
 
-// --- Start and end of the library
-// ----------------------------------------------------------------------------------
-
+// --- Start and end of the library ---
 AGIGame::AGIGame() {
     LibraryState& library = Library();
     library = LibraryState();
@@ -109,9 +107,7 @@ AGIGame::~AGIGame() {
     ClearIdentity();
 }
 
-// --- Opening
-// -------------------------------------------------------------------------------------------------------
-
+// --- Opening ---
 void AGIGame::OpenGameDIR(std::string_view newGameDir) {
     LibraryState& library = Library();
     if (GameLoaded()) RaiseCatalogue(501, ErrorSource);
@@ -285,9 +281,7 @@ void AGIGame::FinishGameLoad(int mode) {
     GameLoad(mode).Run();
 }
 
-// --- Closing
-// -------------------------------------------------------------------------------------------------------
-
+// --- Closing ---
 namespace {
 
 template <class List>

@@ -118,9 +118,7 @@ class GameMaking {
     }
 
   private:
-    // --- From a template
-    // -------------------------------------------------------------------------------------------
-
+    // --- From a template ---
     void OpenCopy(const std::string& propertyFile, const std::string& oldResDir) {
         LibraryState& library = Library();
         const std::string directory = library.GameDir;
@@ -150,9 +148,7 @@ class GameMaking {
         });
     }
 
-    // --- From nothing
-    // ----------------------------------------------------------------------------------------------
-
+    // --- From nothing ---
     void StartProperties() {
         LibraryState& library = Library();
         library.InterpreterVersion = version_;
@@ -219,9 +215,7 @@ void AGIGame::NewGame(std::string_view newID, std::string_view newVersion, std::
     making.Finish();
 }
 
-// --- Copying
-// -------------------------------------------------------------------------------------------------------
-
+// --- Copying ---
 bool CopyDirectory(std::string_view source, std::string_view target, bool move) {
     const std::string from = CDir(source);
     const std::string to = CDir(target);

@@ -11,9 +11,7 @@
 
 namespace zorvex {
 
-// --- Host text (UTF-8)
-// -------------------------------------------------------------------------------------------
-
+// --- Host text (UTF-8) ---
 /// Takes the next character off the front of a UTF-8 text; a malformed byte counts as one character, U+FFFD.
 /// The text must not be empty.
 char32_t TakeCharacter(std::string_view& text);
@@ -24,9 +22,7 @@ std::size_t CharacterCount(std::string_view text);
 /// The first `count` characters; never splits one.
 std::string CutCharacters(std::string_view text, std::size_t count);
 
-// --- Any text
-// ----------------------------------------------------------------------------------------------------
-
+// --- Any text ---
 char LowerCase(char character);
 char UpperCase(char character);
 std::string LowerCase(std::string_view text);
@@ -45,9 +41,7 @@ std::string Join(const std::vector<std::string>& pieces, std::string_view separa
 /// True when a name matches a pattern of plain characters, "*" and "?", without regard to case.
 bool MatchesPattern(std::string_view name, std::string_view pattern);
 
-// --- Numbers as text
-// ---------------------------------------------------------------------------------------------
-
+// --- Numbers as text ---
 /// The number that the longest prefix of the form blanks, sign, digits and point gives; nothing numeric gives
 /// 0.
 double Val(std::string_view text);

@@ -36,9 +36,7 @@ AGILogic::AGILogic() : GameResource(rtLogic, ErrorSource) {
     Resource().SetAllData(smallestLogic);
 }
 
-// --- Name and properties
-// -----------------------------------------------------------------------------------------
-
+// --- Name and properties ---
 std::string AGILogic::GameSourceFile() const {
     return Library().ResDir + ID() + Library().SourceExt;
 }
@@ -93,7 +91,8 @@ void AGILogic::WriteNumberedProperties() const {
 void AGILogic::DefaultIDFollowed(std::string_view oldID) {
     Attempt([&] {
         const std::string file = GameSourceFile();
-        const std::string former = Library().ResDir + std::string(oldID) + Library().LogicSourceSettings->SourceExt();
+        const std::string former =
+            Library().ResDir + std::string(oldID) + Library().LogicSourceSettings->SourceExt();
         if (FileExists(former)) {
             Files().Replace(former, file);
         } else {
@@ -110,9 +109,7 @@ void AGILogic::WriteCompiledCRC() const {
     WriteKey("CompCRC32", CRCText(compiledCRC_));
 }
 
-// --- Source
-// ------------------------------------------------------------------------------------------------------
-
+// --- Source ---
 std::string AGILogic::SourceFile() const {
     return InGame() ? GameSourceFile() : sourceFile_;
 }
@@ -222,9 +219,7 @@ void AGILogic::SaveSource(std::string_view saveFile, bool exporting) {
             {599, 582});
 }
 
-// --- Compiling
-// ---------------------------------------------------------------------------------------------------
-
+// --- Compiling ---
 bool AGILogic::Compiled() {
     if (crc_ == 0 && !Loaded()) {
         Resource().Load();
@@ -249,9 +244,7 @@ void AGILogic::NoteCompiled() {
     WriteCompiledCRC();
 }
 
-// --- Life
-// --------------------------------------------------------------------------------------------------------
-
+// --- Life ---
 bool AGILogic::IsDirty() const {
     return InGame() ? DataDirty() || WritePropState() : sourceDirty_;
 }

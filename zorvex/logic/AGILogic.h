@@ -84,9 +84,7 @@ class AGILogic : public GameResource {
     /// file. Raises 563.
     void Save(std::string_view saveFile = {}) override;
 
-    // --- For the library
-    // -------------------------------------------------------------------------------------------
-
+    // --- For the library ---
     void CopyFrom(GameResource& source) override { SetLogic(static_cast<AGILogic&>(source)); }
     void WriteNumberedProperties() const override;
     void DefaultIDFollowed(std::string_view oldID) override;

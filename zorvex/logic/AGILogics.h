@@ -18,8 +18,8 @@ class AGILogics : public ResourceCollection<AGILogic> {
   public:
     AGILogics() : ResourceCollection(LogicFamily) {}
 
-    /// Lets every logic count as not compiled, so that the next full compile of the game compiles it, and saves the
-    /// property file. Raises nothing.
+    /// Lets every logic count as not compiled, so that the next full compile of the game compiles it, and
+    /// saves the property file. Raises nothing.
     void MarkAllAsDirty();
 
     /// What a text would stand for as an argument of the given type in the source of a logic without defines

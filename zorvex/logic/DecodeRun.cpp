@@ -1,7 +1,7 @@
 #include "zorvex/logic/DecodeRun.h"
 
-#include <utility>
 #include <charconv>
+#include <utility>
 
 #include "zorvex/game/Error.h"
 

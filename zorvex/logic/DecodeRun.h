@@ -35,9 +35,7 @@ class DecodeRun {
     static constexpr int noVariable = -1;
     struct IfHeader;
 
-    // --- Bytes
-    // -----------------------------------------------------------------------------------------------------
-
+    // --- Bytes ---
     std::int32_t LastIndex() const { return static_cast<std::int32_t>(data_.size()) - 1; }
     /// A byte of the data; raises 9 outside of it.
     std::uint8_t ByteAt(std::int32_t pos) const;
@@ -55,16 +53,12 @@ class DecodeRun {
     std::string AtPosition(std::string_view text) const;
     void NoteDecodeWarning(std::string_view text);
 
-    // --- Step 1, DecodeMessages
-    // ------------------------------------------------------------------------------------
-
+    // --- Step 1, DecodeMessages ---
     void ReadMessages();
     void ReadMessageSection();
     std::string ReadMessage(std::int32_t start, const MessageSectionLayout& layout);
 
-    // --- Step 2, DecodeLabels
-    // --------------------------------------------------------------------------------------
-
+    // --- Step 2, DecodeLabels ---
     void FindLabels();
     void ScanCode();
     void CheckBlockEnds();
@@ -78,9 +72,7 @@ class DecodeRun {
     bool JumpIsElse(std::int32_t distance);
     void ContinueAsElse(std::int32_t distance);
 
-    // --- Step 3, DecodeText
-    // ----------------------------------------------------------------------------------------
-
+    // --- Step 3, DecodeText ---
     void WriteCode();
     void CloseBlocks();
     void WriteElse();
@@ -94,9 +86,7 @@ class DecodeRun {
     /// The number of the label at a position, from 1; 0 for none.
     std::size_t LabelAt(std::int32_t pos) const;
 
-    // --- Step 3, DecodeIf
-    // ------------------------------------------------------------------------------------------
-
+    // --- Step 3, DecodeIf ---
     void DecodeIf();
     void WriteTests();
     void WriteTest(std::uint8_t test, bool negated);
@@ -107,9 +97,7 @@ class DecodeRun {
     /// Ends a line of the header behind an operator and starts the next.
     void BreakHeader(std::string_view joiner);
 
-    // --- Step 3, DecodeArguments
-    // -----------------------------------------------------------------------------------
-
+    // --- Step 3, DecodeArguments ---
     /// Appends the source text of an argument; `variable` is the one that the number is assigned to or
     /// compared with.
     void ArgValue(std::uint8_t value, ArgTypeEnum type, int variable = noVariable);
@@ -121,9 +109,7 @@ class DecodeRun {
     void AppendWrapped(std::string_view literal);
     bool AppendResourceID(std::uint8_t command, std::size_t index, std::uint8_t value);
 
-    // --- Output
-    // ----------------------------------------------------------------------------------------------------
-
+    // --- Output ---
     void StartLine(std::size_t depth) { line_.assign(2 * depth, ' '); }
     void AppendNumber(std::int32_t value);
     void AppendNumbered(std::string_view prefix, std::int32_t value);

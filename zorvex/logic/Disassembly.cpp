@@ -1,8 +1,8 @@
 #include "zorvex/logic/Disassembly.h"
 
-#include <utility>
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 #include "zorvex/compiler/AGICommandFunctions.h"
 #include "zorvex/logic/LogicFormat.h"

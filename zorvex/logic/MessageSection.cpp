@@ -1,8 +1,8 @@
 #include "zorvex/logic/MessageSection.h"
 
-#include <utility>
 #include <algorithm>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "zorvex/logic/LogicFormat.h"

@@ -47,9 +47,7 @@ AGIPicture::~AGIPicture() {
     });
 }
 
-// --- Drawing
-// -------------------------------------------------------------------------------------------------------
-
+// --- Drawing ---
 void AGIPicture::BuildBMPs() {
     ReleaseBitmaps();
     for (std::size_t i = 0; i < colors_.size(); ++i) {
@@ -92,9 +90,7 @@ void AGIPicture::EnsureDrawn() {
     Attempt([this] { EnsureBuilt(); });
 }
 
-// --- The screens
-// ---------------------------------------------------------------------------------------------------
-
+// --- The screens ---
 void AGIPicture::RequirePoint(std::uint8_t x, std::uint8_t y) const {
     RequireLoaded();
     if (x >= PictureWidth || y >= PictureHeight) RaiseCatalogue(621, errorSource);
@@ -169,9 +165,7 @@ std::int32_t AGIPicture::PriorityBMP() {
     return priority_.Context;
 }
 
-// --- Step by step
-// --------------------------------------------------------------------------------------------------
-
+// --- Step by step ---
 std::int32_t AGIPicture::DrawPos() const {
     RequireLoaded();
     return drawPos_;
@@ -201,9 +195,7 @@ PenStatus AGIPicture::CurrentToolStatus() const {
     return toolStatus_;
 }
 
-// --- Settings
-// ------------------------------------------------------------------------------------------------------
-
+// --- Settings ---
 template <class Field, class Value>
 void AGIPicture::SetField(Field& field, const Value& value) {
     RequireLoaded();
@@ -283,9 +275,7 @@ void AGIPicture::WriteSettings() {
     WritePropState(false);
 }
 
-// --- The resource
-// --------------------------------------------------------------------------------------------------
-
+// --- The resource ---
 void AGIPicture::Load() {
     if (!Loaded()) Resource().Load();
     if (InGame()) ReadBackground();

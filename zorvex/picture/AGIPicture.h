@@ -29,9 +29,7 @@ class AGIPicture final : public GameResource {
     AGIPicture();
     ~AGIPicture() override;
 
-    // --- The screens
-    // -----------------------------------------------------------------------------------------------
-
+    // --- The screens ---
     /// Copies of the screens: 26,880 bytes, row by row from the top, each a colour 0 to 15. Raise 563.
     ByteArray VisData();
     ByteArray PriData();
@@ -56,9 +54,7 @@ class AGIPicture final : public GameResource {
     std::int32_t VisualBMP();
     std::int32_t PriorityBMP();
 
-    // --- Step by step
-    // ----------------------------------------------------------------------------------------------
-
+    // --- Step by step ---
     /// A position of the stream, -1 for its end: where drawing stops if StepDraw, and where CurrentToolStatus
     /// looks at the pen. The setter cuts to the last position. Both raise 563.
     std::int32_t DrawPos() const;
@@ -69,9 +65,7 @@ class AGIPicture final : public GameResource {
     /// The pen at DrawPos when the picture was last drawn; does not draw. Raises 563.
     PenStatus CurrentToolStatus() const;
 
-    // --- Settings
-    // --------------------------------------------------------------------------------------------------
-
+    // --- Settings ---
     /// A tracing image for editors: its file, whether it is shown, how, and where. The library only keeps
     /// them, in a game in the property list. The setters raise 563.
     const std::string& BkgdImgFile() const { return bkgdImgFile_; }
@@ -90,9 +84,7 @@ class AGIPicture final : public GameResource {
     std::uint8_t PriBase();
     void PriBase(std::uint8_t value);
 
-    // --- The resource
-    // ----------------------------------------------------------------------------------------------
-
+    // --- The resource ---
     using GameResource::ID;
     bool IsDirty() const override { return DataDirty() || (WritePropState() && InGame()); }
     /// Reads the bytes unless loaded, in a game also the background settings, and draws. Raises what the
@@ -117,7 +109,7 @@ class AGIPicture final : public GameResource {
     /// this one is in a game stays. Faults on the way are passed over.
     void SetPicture(AGIPicture& copyPicture);
 
-    // --- For the library -------------------------------------------------------------------------------------
+    // --- For the library ---
     void CopyFrom(GameResource& source) override { SetPicture(static_cast<AGIPicture&>(source)); }
     void WriteNumberedProperties() const override;
 

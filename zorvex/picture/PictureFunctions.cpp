@@ -126,9 +126,7 @@ class PictureRun {
         }
     }
 
-    // --- The pen
-    // ---------------------------------------------------------------------------------------------------
-
+    // --- The pen ---
     void EnableVisual() {
         const std::int32_t color = Read();
         pen_.VisColor = static_cast<AGIColors>(color & 0x0F);
@@ -147,9 +145,7 @@ class PictureRun {
         Next();
     }
 
-    // --- Lines
-    // -----------------------------------------------------------------------------------------------------
-
+    // --- Lines ---
     template <class Writer>
     void DrawCorner(const Writer& writer, bool moveY) {
         std::int32_t x = Read();
@@ -197,9 +193,7 @@ class PictureRun {
         }
     }
 
-    // --- Fills and plots
-    // -------------------------------------------------------------------------------------------
-
+    // --- Fills and plots ---
     template <class Writer>
     void DrawFill(const Writer& writer) {
         for (Next(); HasOperands(); Next()) {

@@ -41,9 +41,7 @@ class AGINotes {
     auto begin() const { return notes_.begin(); }
     auto end() const { return notes_.end(); }
 
-    // --- For the library
-    // -------------------------------------------------------------------------------------------
-
+    // --- For the library ---
     /// The notes as plain values.
     std::vector<NoteData> Values() const;
     /// Replaces all notes and tells nobody.

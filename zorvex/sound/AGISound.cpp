@@ -62,9 +62,7 @@ AGISound::~AGISound() {
     ReleaseTracks();
 }
 
-// --- Settings and change
-// -------------------------------------------------------------------------------------------
-
+// --- Settings and change ---
 void AGISound::Key(std::int32_t value) {
     if (value < -maxKey || value > maxKey) RaiseRuntime(reInvalidPropertyValue, ErrorSource());
     if (value == key_) return;
@@ -96,9 +94,7 @@ void AGISound::TrackSettingChanged(bool heard) {
     WritePropState(true);
 }
 
-// --- Tracks
-// --------------------------------------------------------------------------------------------------------
-
+// --- Tracks ---
 void AGISound::ReleaseTracks() {
     for (auto& track : tracks_) {
         if (track != nullptr) track->Owner(nullptr);
@@ -213,9 +209,7 @@ float AGISound::ComputeLength() {
     return longest;
 }
 
-// --- The converted form
-// --------------------------------------------------------------------------------------------
-
+// --- The converted form ---
 void AGISound::BuildSoundOutput() {
     const auto failed = Attempt([&] {
         switch (sndFormat_) {
@@ -241,9 +235,7 @@ ByteArray AGISound::MIDIData() {
     return output_;
 }
 
-// --- Life
-// ----------------------------------------------------------------------------------------------------------
-
+// --- Life ---
 void AGISound::Load() {
     const auto load = [&] {
         if (!Loaded()) Resource().Load();
@@ -318,11 +310,13 @@ void AGISound::WriteNumberedProperties() const {
     write("Key", std::to_string(key_));
     write("TPQN", std::to_string(tpqn_));
     if (tracks_[0] == nullptr) return;
-    for (std::size_t t = 0; t < TrackCount; ++t) write(Numbered("Visible", t), BoolText(tracks_[t]->Visible()));
+    for (std::size_t t = 0; t < TrackCount; ++t)
+        write(Numbered("Visible", t), BoolText(tracks_[t]->Visible()));
     for (std::size_t t = 0; t < NoiseTrack; ++t) {
         write(Numbered("Inst", t), std::to_string(tracks_[t]->Instrument()));
     }
-    for (std::size_t t = 0; t < TrackCount; ++t) write(Numbered("Mute", t), BoolText(tracks_[t]->Muted()));
+    for (std::size_t t = 0; t < TrackCount; ++t)
+        write(Numbered("Mute", t), BoolText(tracks_[t]->Muted()));
 }
 
 void AGISound::WriteSettings() {
@@ -357,9 +351,7 @@ void AGISound::Save(std::string_view saveFile) {
     DataDirty(false);
 }
 
-// --- Files
-// ---------------------------------------------------------------------------------------------------------
-
+// --- Files ---
 void AGISound::Export(std::string_view exportFile, SoundFormat fileFormat, bool resetDirty) {
     RequireLoaded();
     const std::string path = InnerPath(exportFile);
@@ -460,9 +452,7 @@ bool AGISound::ImportScript(ByteView file) {
     return !Attempt([&] { CompileSound(); });
 }
 
-// --- Playing
-// -------------------------------------------------------------------------------------------------------
-
+// --- Playing ---
 void AGISound::PlaySound() {
     RequireLoaded();
     const std::shared_ptr<frmSndSubclass> player = SoundPlayer();

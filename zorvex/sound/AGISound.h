@@ -52,9 +52,7 @@ class AGISound : public GameResource, public std::enable_shared_from_this<AGISou
     /// never after StopSound. A handler cannot start the next sound: one is playing until it has returned.
     Event<bool> SoundComplete;
 
-    // --- Settings
-    // ---------------------------------------------------------------------------------------------------
-
+    // --- Settings ---
     /// Key signature for hosts, -7 (flats) to 7 (sharps); 0 in a new sound. Raises 380, "Invalid property
     /// Value".
     std::int32_t Key() const { return key_; }
@@ -67,9 +65,7 @@ class AGISound : public GameResource, public std::enable_shared_from_this<AGISou
     std::int32_t SndFormat() const { return Loaded() ? sndFormat_ : 0; }
     bool IsDirty() const override { return DataDirty() || WritePropState(); }
 
-    // --- Content
-    // ----------------------------------------------------------------------------------------------------
-
+    // --- Content ---
     /// One of the four tracks; 3 is noise. Raises 9, "Index out of bounds", even when not loaded. Reads the
     /// notes from the bytes first where those have changed, which raises 598 for tracks that lie outside the
     /// resource and 565 for any other fault.
@@ -84,9 +80,7 @@ class AGISound : public GameResource, public std::enable_shared_from_this<AGISou
     /// save. Kind and place in a game stay. Raises 567.
     void SetSound(const AGISound& copySound);
 
-    // --- Life
-    // -------------------------------------------------------------------------------------------------------
-
+    // --- Life ---
     /// Reads the bytes if they are not there, the settings, and the notes as the bytes have them. Raises 598
     /// for bytes that are no sound, 565, and what reading a resource raises; the sound is not loaded then.
     void Load() override;
@@ -100,9 +94,7 @@ class AGISound : public GameResource, public std::enable_shared_from_this<AGISou
     /// resource.
     void Save(std::string_view saveFile = {}) override;
 
-    // --- Files
-    // ------------------------------------------------------------------------------------------------------
-
+    // --- Files ---
     /// Writes a file. The format is taken from the file's extension unless it is sfAGI, sfMIDI or sfScript. A
     /// MIDI file can be had of kinds 1 and 3, a wave file of kind 2 and a script of kind 1; else 596 is
     /// raised. `resetDirty` counts the sound as saved: by a script, and outside a game by the raw resource.
@@ -117,18 +109,14 @@ class AGISound : public GameResource, public std::enable_shared_from_this<AGISou
     /// The number of the bad line, from 1, when the last Import met one; else 0.
     std::int32_t ImportErrorLine() const { return importErrorLine_; }
 
-    // --- Playing
-    // ----------------------------------------------------------------------------------------------------
-
+    // --- Playing ---
     /// Starts playing and returns. Raises 629 while another sound plays, and 678 or 628 with the system's own
     /// words when the sound cannot be opened or played. SoundComplete tells of the end.
     void PlaySound();
     /// Stops the playing sound, be it this one or another. Does nothing while none plays.
     void StopSound();
 
-    // --- For the library
-    // --------------------------------------------------------------------------------------------
-
+    // --- For the library ---
     void CopyFrom(GameResource& source) override { SetSound(static_cast<AGISound&>(source)); }
     void WriteNumberedProperties() const override;
     /// A note has changed, or the list of notes.

@@ -39,9 +39,7 @@ class AGITrack {
     bool Visible() const { return visible_; }
     void Visible(bool value);
 
-    // --- For the library
-    // -------------------------------------------------------------------------------------------
-
+    // --- For the library ---
     /// The sound to tell of changes, or none.
     void Owner(AGISound* sound) { sound_ = sound; }
     /// Notes and settings as plain values.

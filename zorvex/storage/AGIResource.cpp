@@ -39,9 +39,7 @@ std::int32_t AGIResource::Size() {
     return size_;
 }
 
-// --- Reading and the marker
-// ----------------------------------------------------------------------------------------
-
+// --- Reading and the marker ---
 ByteArray AGIResource::AllData() const {
     RequireLoaded();
     return data_;
@@ -117,9 +115,7 @@ bool AGIResource::EORes() const {
     return endOfResource_;
 }
 
-// --- Writing
-// -------------------------------------------------------------------------------------------------------
-
+// --- Writing ---
 void AGIResource::Grow(std::int32_t count) {
     size_ += count;
     data_.resize(static_cast<std::size_t>(size_));
@@ -212,9 +208,7 @@ void AGIResource::SetAllData(ByteView bytes) {
     Change.Raise();
 }
 
-// --- Life
-// ----------------------------------------------------------------------------------------------------------
-
+// --- Life ---
 void AGIResource::Init(std::uint8_t number, std::int32_t volume, std::int32_t loc) {
     number_ = number;
     volume_ = volume;
@@ -268,9 +262,7 @@ void AGIResource::Save(std::string_view saveFile) {
     Library().LastEdit = Now();
 }
 
-// --- Files
-// ---------------------------------------------------------------------------------------------------------
-
+// --- Files ---
 void AGIResource::Export(std::string_view exportFile) {
     if (exportFile.empty()) RaiseCatalogue(599, ErrorSource);
     const bool wasLoaded = loaded_;

@@ -76,9 +76,7 @@ class AGIResource {
     /// Writes the bytes to a file, loading them for the time of the call if need be. Raises 599, 601, 582.
     void Export(std::string_view exportFile);
 
-    // --- For the classes of the library
-    // ---------------------------------------------------------------------------
-
+    // --- For the classes of the library ---
     /// Puts the buffer in the open game.
     void Init(std::uint8_t number, std::int32_t volume, std::int32_t loc);
     void InGame(bool value) { inGame_ = value; }

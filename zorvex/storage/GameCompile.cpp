@@ -91,9 +91,7 @@ class GameCompile {
     }
 
   private:
-    // --- Reports
-    // ---------------------------------------------------------------------------------------------------
-
+    // --- Reports ---
     static void RaiseStatus(ECStatus status, AGIResType type, std::uint8_t number, const std::string& text) {
         Library().Events->CompileGameStatus.Raise(status, type, number, text);
     }
@@ -109,9 +107,7 @@ class GameCompile {
         Report(status, resource.ResType(), resource.Number(), text);
     }
 
-    // --- The steps
-    // -------------------------------------------------------------------------------------------------
-
+    // --- The steps ---
     void Check() {
         LibraryState& library = Library();
         const bool versionChanging = std::exchange(library.VersionChanging, false);
@@ -260,9 +256,7 @@ class GameCompile {
         }
     }
 
-    // --- The new files in their places
-    // -----------------------------------------------------------------------------
-
+    // --- The new files in their places ---
     void SwapFiles() {
         const std::string id = targetV3_ ? Library().GameID : std::string();
         FileSwap swap(targetDir_);

@@ -23,8 +23,7 @@ class GameResource {
     AGIResource& Resource() { return resource_; }
     const AGIResource& Resource() const { return resource_; }
 
-    // --- The buffer's interface, see AGIResource
-    // -------------------------------------------------------------------
+    // --- The buffer's interface, see AGIResource ---
     bool InGame() const { return resource_.InGame(); }
     std::uint8_t Number() const { return resource_.Number(); }
     AGIResType ResType() const { return resource_.ResType(); }
@@ -52,9 +51,7 @@ class GameResource {
     bool EORes() const { return resource_.EORes(); }
     void NewResource(bool reset = false) { resource_.NewResource(reset); }
 
-    // --- Name and state
-    // --------------------------------------------------------------------------------------------
-
+    // --- Name and state ---
     /// The name of the resource, at most 64 characters, unique among its kind in a game. Host text. The
     /// setter cuts the value, and in a game writes it to the property list at once. Raises 667 for an empty
     /// and 623 for a taken name.
@@ -75,9 +72,7 @@ class GameResource {
     /// In a game: settings to the property list, bytes to a volume. A stand-alone object goes to the file.
     virtual void Save(std::string_view saveFile = {}) = 0;
 
-    // --- For the library
-    // -------------------------------------------------------------------------------------------
-
+    // --- For the library ---
     /// Binds the object to a directory entry of the open game. With an ID in the property list the list knows
     /// the resource and nothing is read from the volume; else the bytes are loaded once to learn their size,
     /// whose errors pass, and ID and size are written to the list.

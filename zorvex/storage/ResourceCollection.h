@@ -44,9 +44,7 @@ class ResourceCollectionBase {
     /// number is taken and 670 for any failure.
     void Renumber(std::uint8_t oldNumber, std::uint8_t newNumber);
 
-    // --- For the library
-    // -------------------------------------------------------------------------------------------
-
+    // --- For the library ---
     const CollectionFamily& Family() const { return family_; }
     /// Registers a resource found in a directory file. Raises 602 for a number in use, passes 502, 505, 506,
     /// 507, 511 and 606 of the resource's load, and wraps any other fault in the family's own number.

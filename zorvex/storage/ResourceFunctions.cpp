@@ -85,9 +85,7 @@ void ExpandStored(StoredResource& stored, AGIResType type, std::string_view name
     }
 }
 
-// --- LZW
-// -----------------------------------------------------------------------------------------------------------
-
+// --- LZW ---
 namespace {
 
 constexpr std::int32_t resetCode = 256;
@@ -246,9 +244,7 @@ void ExpandV3(ByteArray& data, std::int32_t expandedSize) {
     }
 }
 
-// --- Packed pictures
-// -----------------------------------------------------------------------------------------------
-
+// --- Packed pictures ---
 namespace {
 
 bool TakesColor(std::uint8_t action) {
@@ -316,9 +312,7 @@ void DecompressPicture(ByteArray& data) {
     }
 }
 
-// --- Messages
-// ------------------------------------------------------------------------------------------------------
-
+// --- Messages ---
 void ScrambleMessages(ByteArray& logic) {
     const auto byteAt = [&logic](std::int32_t pos) -> std::int32_t { return At(logic, pos); };
     const auto word = [](std::int32_t value) -> std::int32_t { return Narrow<std::int16_t>(value); };

@@ -77,7 +77,7 @@ void AGICel::FlipPixels() {
     Changed();
 }
 
-// --- The bitmap ---------------------------------------------------------------------------------------
+// --- The bitmap ---
 
 void AGICel::FreeBitmap() {
     if (!bitmap_.Exists()) return;

@@ -66,7 +66,7 @@ class AGICel {
     /// frees it on Clear and at its end. Raises 607 when the system fails.
     std::int32_t CelBMP();
 
-    // --- For the library ------------------------------------------------------------------------------
+    // --- For the library ---
 
     void Index(std::uint8_t value) { index_ = value; }
     bool ShowMirrored() const { return showMirrored_; }

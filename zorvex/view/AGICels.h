@@ -33,7 +33,7 @@ class AGICels {
     /// position that is not there.
     void Remove(std::int32_t index);
 
-    // --- For the library ------------------------------------------------------------------------------
+    // --- For the library ---
 
     bool ShowMirrored() const { return showMirrored_; }
     void ShowMirrored(bool value) { showMirrored_ = value; }

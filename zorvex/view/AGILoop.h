@@ -39,7 +39,7 @@ class AGILoop {
     /// what they showed. Does nothing on a loop that is not mirrored.
     void UnMirror();
 
-    // --- For the library ------------------------------------------------------------------------------
+    // --- For the library ---
 
     void Index(std::uint8_t value) { index_ = value; }
     /// 0: not mirrored; n: the source of pair n; -n: the mirror of pair n.

@@ -37,7 +37,7 @@ class AGILoops {
     auto begin() const { return loops_.begin(); }
     auto end() const { return loops_.end(); }
 
-    // --- For the library ------------------------------------------------------------------------------
+    // --- For the library ---
 
     /// Ends the way up to the view, for a tree that the view drops.
     void Cut();

@@ -32,7 +32,7 @@ bool AGIView::IsDirty() const {
     return DataDirty() || (InGame() && WritePropState());
 }
 
-// --- Loops and description ----------------------------------------------------------------------------
+// --- Loops and description ---
 
 void AGIView::DropLoops() {
     if (loops_) loops_->Cut();
@@ -72,7 +72,7 @@ void AGIView::SetMirror(std::int32_t targetLoop, std::int32_t sourceLoop) {
     Loops()->SetMirror(targetLoop, sourceLoop);
 }
 
-// --- From bytes and to bytes --------------------------------------------------------------------------
+// --- From bytes and to bytes ---
 
 void AGIView::LoadViewData() {
     DropLoops();
@@ -124,7 +124,7 @@ void AGIView::WriteDefaultView() {
     }
 }
 
-// --- Life ---------------------------------------------------------------------------------------------
+// --- Life ---
 
 void AGIView::Load() {
     Guarded(

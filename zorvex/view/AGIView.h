@@ -62,7 +62,7 @@ class AGIView : public GameResource {
     /// Makes this view a copy of another, loops and mirror pairs included. Raises 643.
     void SetView(AGIView& copyView);
 
-    // --- For the library ------------------------------------------------------------------------------
+    // --- For the library ---
 
     void CopyFrom(GameResource& source) override { SetView(static_cast<AGIView&>(source)); }
     void WriteNumberedProperties() const override;

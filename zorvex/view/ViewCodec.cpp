@@ -141,7 +141,7 @@ class ViewReader {
     std::size_t pixelCount_ = 0;
 };
 
-// --- Writing ------------------------------------------------------------------------------------------
+// --- Writing ---
 
 /// Fills in an offset. The limits are those of a resource's buffer: where it may be written to, and sixteen
 /// bits.

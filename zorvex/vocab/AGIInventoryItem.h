@@ -28,9 +28,7 @@ class AGIInventoryItem {
     /// cannot call the item by its name. Always true for "?".
     bool Unique() const { return unique_; }
 
-    // --- For the library
-    // -------------------------------------------------------------------------------------------
-
+    // --- For the library ---
     explicit AGIInventoryItem(AGIInventoryObjects* parent) : parent_(parent) {}
     /// Takes the item out of the comparison of names; if its name was shared with just one other item, that
     /// one becomes unique.

@@ -57,9 +57,7 @@ void AGIInventoryObjects::JoinGame(bool loaded) {
     resFile_ = InGameDir(gameFileName);
 }
 
-// --- Contents
-// ------------------------------------------------------------------------------------------------------
-
+// --- Contents ---
 void AGIInventoryObjects::Reset() {
     std::vector<std::shared_ptr<AGIInventoryItem>> fresh{std::make_shared<AGIInventoryItem>(this)};
     for (const auto& item : items_)
@@ -159,9 +157,7 @@ void AGIInventoryObjects::Description(std::string_view value) {
     if (inGame_) WriteGameProperty(propertySection, "Description", description_);
 }
 
-// --- Settings
-// ------------------------------------------------------------------------------------------------------
-
+// --- Settings ---
 std::uint8_t AGIInventoryObjects::MaxScreenObjects() const {
     RequireLoaded();
     return maxScreenObjects_;
@@ -192,9 +188,7 @@ void AGIInventoryObjects::AmigaOBJ(bool value) {
     if (inGame_) Save();
 }
 
-// --- Items
-// ---------------------------------------------------------------------------------------------------------
-
+// --- Items ---
 std::int16_t AGIInventoryObjects::Count() const {
     RequireLoaded();
     return Narrow<std::int16_t>(items_.size());
@@ -239,9 +233,7 @@ AGIInventoryObjects::Iterator AGIInventoryObjects::end() const {
     return items_.end();
 }
 
-// --- Files
-// ---------------------------------------------------------------------------------------------------------
-
+// --- Files ---
 void AGIInventoryObjects::Load(std::string_view loadFile) {
     std::string file(loadFile);
     Load(file);

@@ -32,9 +32,7 @@ class AGIInventoryObjects {
     AGIInventoryObjects(const AGIInventoryObjects&) = delete;
     AGIInventoryObjects& operator=(const AGIInventoryObjects&) = delete;
 
-    // --- The list as a whole
-    // ---------------------------------------------------------------------------------------
-
+    // --- The list as a whole ---
     /// Begins a stand-alone list with one item "?". Raises 642 when loaded and 510 for the list of a game.
     void NewObjects();
     /// Reads the list. That of a game comes from OBJECT in the game directory, whose path `loadFile` then
@@ -72,9 +70,7 @@ class AGIInventoryObjects {
     std::string Description() const;
     void Description(std::string_view value);
 
-    // --- Settings
-    // --------------------------------------------------------------------------------------------------
-
+    // --- Settings ---
     /// How many screen objects a game may use at once, besides ego.
     std::uint8_t MaxScreenObjects() const;
     void MaxScreenObjects(std::uint8_t value);
@@ -87,9 +83,7 @@ class AGIInventoryObjects {
     bool AmigaOBJ() const { return amigaOBJ_; }
     void AmigaOBJ(bool value);
 
-    // --- Items
-    // -----------------------------------------------------------------------------------------------------
-
+    // --- Items ---
     std::int16_t Count() const;
     /// The item of a number from 0. Raises 9.
     std::shared_ptr<AGIInventoryItem> Item(std::int32_t index) const;
@@ -104,9 +98,7 @@ class AGIInventoryObjects {
     Iterator begin() const;
     Iterator end() const;
 
-    // --- For the library
-    // -------------------------------------------------------------------------------------------
-
+    // --- For the library ---
     /// Makes this the inventory of the open game, kept in OBJECT of the game directory.
     void JoinGame(bool loaded);
     void LeaveGame() { inGame_ = false; }

@@ -25,9 +25,7 @@ class AGIWordGroup {
     const std::string& Word(std::int32_t index) const;
     std::int32_t WordCount() const { return static_cast<std::int32_t>(words_.size()); }
 
-    // --- For the library
-    // -------------------------------------------------------------------------------------------
-
+    // --- For the library ---
     explicit AGIWordGroup(std::int32_t groupNum) : groupNum_(groupNum) {}
     void GroupNum(std::int32_t value) { groupNum_ = value; }
     /// The words, ascending by character code.

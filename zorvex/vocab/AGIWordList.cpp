@@ -53,9 +53,7 @@ void AGIWordList::JoinGame(bool loaded) {
     resFile_ = Library().GameDir + std::string(gameFileName);
 }
 
-// --- Contents
-// ------------------------------------------------------------------------------------------------------
-
+// --- Contents ---
 void AGIWordList::Take(const VocabularyData& data) {
     table_ = WordTable(data);
     description_ = data.Description;
@@ -114,9 +112,7 @@ void AGIWordList::Description(std::string_view value) {
     if (inGame_) WriteGameProperty(propertySection, "Description", description_);
 }
 
-// --- Words
-// ---------------------------------------------------------------------------------------------------------
-
+// --- Words ---
 std::int32_t AGIWordList::WordCount() const {
     RequireLoaded();
     return Narrow<std::int32_t>(table_.Words().size());
@@ -168,9 +164,7 @@ void AGIWordList::RemoveWord(std::string_view text) {
     isDirty_ = true;
 }
 
-// --- Groups
-// --------------------------------------------------------------------------------------------------------
-
+// --- Groups ---
 std::int32_t AGIWordList::GroupCount() const {
     RequireLoaded();
     return Narrow<std::int32_t>(table_.Groups().size());
@@ -224,9 +218,7 @@ void AGIWordList::RenumberGroup(std::int32_t oldGroupNumber, std::int32_t newGro
     });
 }
 
-// --- Files
-// ---------------------------------------------------------------------------------------------------------
-
+// --- Files ---
 void AGIWordList::Load(std::string_view loadFile) {
     std::string file(loadFile);
     Load(file);

@@ -34,9 +34,7 @@ class AGIWordList {
     AGIWordList(const AGIWordList&) = delete;
     AGIWordList& operator=(const AGIWordList&) = delete;
 
-    // --- The list as a whole
-    // ---------------------------------------------------------------------------------------
-
+    // --- The list as a whole ---
     /// Begins a stand-alone list with the words "a", "anyword" and "rol" in the groups 0, 1 and 9999. Raises
     /// 642 when loaded and 510 for the list of a game.
     void NewWords();
@@ -77,9 +75,7 @@ class AGIWordList {
     std::string Description() const;
     void Description(std::string_view value);
 
-    // --- Words
-    // -----------------------------------------------------------------------------------------------------
-
+    // --- Words ---
     std::int32_t WordCount() const;
     /// The word at a position from 0. The reference holds until the word is removed. Raises 9.
     const AGIWord& Item(std::int32_t index) const;
@@ -119,9 +115,7 @@ class AGIWordList {
     Iterator begin() const;
     Iterator end() const;
 
-    // --- Groups
-    // ----------------------------------------------------------------------------------------------------
-
+    // --- Groups ---
     std::int32_t GroupCount() const;
     /// The group at a position from 0. Raises 588.
     std::shared_ptr<AGIWordGroup> Group(std::int32_t index) const;
@@ -137,9 +131,7 @@ class AGIWordList {
     /// when the new number is in use, 577 for any other fault.
     void RenumberGroup(std::int32_t oldGroupNumber, std::int32_t newGroupNumber);
 
-    // --- For the library
-    // -------------------------------------------------------------------------------------------
-
+    // --- For the library ---
     /// Makes this the list of the open game, kept in WORDS.TOK of the game directory.
     void JoinGame(bool loaded);
     void LeaveGame() { inGame_ = false; }
