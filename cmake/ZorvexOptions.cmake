@@ -13,7 +13,7 @@ if(ZORVEX_WERROR)
 endif()
 if(ZORVEX_SANITIZE)
   target_compile_options(zorvex_options INTERFACE
-    -O1 -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    $<IF:$<BOOL:$<TARGET_PROPERTY:ZORVEX_QUICK_BUILD>>,-O0$<SEMICOLON>-g0,-O1> -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(zorvex_options INTERFACE -fsanitize=address,undefined)
 endif()
 if(ZORVEX_FUZZ)
