@@ -29,47 +29,19 @@ class InventoryTest : public testing::Test {
     AGIInventoryObjects list;
 };
 
-TEST(UnloadedInventory, HasNoContents) {
-    AGIInventoryObjects list;
-    EXPECT_ERROR(563, list.Count());
-    EXPECT_ERROR(563, list.begin());
-    EXPECT_ERROR(563, list.Item(-1));
-    EXPECT_ERROR(563, list.Add("x", 0));
-    EXPECT_ERROR(563, list.Remove(-1));
-    EXPECT_ERROR(563, list.Encrypted());
-    EXPECT_ERROR(563, list.MaxScreenObjects(1));
-    EXPECT_ERROR(563, list.Save());
-    EXPECT_ERROR(563, list.Export("", 1));
-    EXPECT_ERROR(563, AGIInventoryObjects().SetObjects(list));
-    list.AmigaOBJ(true);
-    EXPECT_FALSE(list.AmigaOBJ());
-}
-
-TEST_F(InventoryTest, BeginsWithOneUnusedItem) {
+TEST_F(InventoryTest, HasContentsOnlyWhileLoaded) {
     EXPECT_EQ(Shown(list), Items{"?/0"});
-    EXPECT_EQ(list.MaxScreenObjects(), 16);
     EXPECT_TRUE(list.IsDirty());
     EXPECT_ERROR(642, list.NewObjects());
     EXPECT_RUNTIME(9, list.Item(1));
     EXPECT_RUNTIME(9, list.Remove(-1));
-}
-
-TEST_F(InventoryTest, KeepsUniqueRightAsNamesChange) {
-    list.Add("Key", 1);
-    list.Add("key", 2);
-    list.Add("?", 3);
-    list.Add("", 4);
-    EXPECT_EQ(Shown(list), (Items{"?/0", "Key/1!", "key/2!", "?/3", "?/4"}));
-    list.Item(3)->ItemName("KEY");
-    EXPECT_EQ(Shown(list), (Items{"?/0", "Key/1!", "key/2!", "KEY/3!", "?/4"}));
-    list.Item(1)->ItemName("lamp");
-    EXPECT_EQ(Shown(list), (Items{"?/0", "lamp/1", "key/2!", "KEY/3!", "?/4"}));
-    list.Item(2)->ItemName("Lamp");
-    EXPECT_EQ(Shown(list), (Items{"?/0", "lamp/1!", "Lamp/2!", "KEY/3", "?/4"}));
-    list.Item(2)->ItemName("LAMP");
-    EXPECT_EQ(Shown(list), (Items{"?/0", "lamp/1!", "LAMP/2!", "KEY/3", "?/4"}));
-    list.Item(1)->ItemName("");
-    EXPECT_EQ(Shown(list), (Items{"?/0", "?/1", "LAMP/2", "KEY/3", "?/4"}));
+    list.Unload();
+    EXPECT_ERROR(563, list.begin());
+    EXPECT_ERROR(563, list.Item(-1));
+    EXPECT_ERROR(563, list.Remove(-1));
+    EXPECT_ERROR(563, list.MaxScreenObjects(1));
+    EXPECT_ERROR(563, list.Export("", 1));
+    EXPECT_ERROR(563, AGIInventoryObjects().SetObjects(list));
 }
 
 TEST_F(InventoryTest, UniqueFollowsAnyRunOfChanges) {
@@ -106,26 +78,18 @@ TEST_F(InventoryTest, NumbersStayWhenItemsAreRemoved) {
     last->ItemName("lamp");  // it no longer belongs to the list
     list.Remove(1);
     EXPECT_EQ(Shown(list), (Items{"?/0", "?/0", "lamp/2"}));
-    list.Remove(2);
-    list.Remove(1);
-    list.Item(0)->ItemName("only");
-    list.Remove(0);
-    EXPECT_EQ(Shown(list), Items{"?/0"});
 }
 
 TEST_F(InventoryTest, HoldsNoMoreThan256Items) {
     for (int i = 1; i < 256; ++i)
         list.Add("item" + std::to_string(i), 0);
-    EXPECT_EQ(list.Count(), 256);
-    EXPECT_ERROR_TEXT(569, "Can't add item; maximum number of objects already in OBJECT file",
-                      list.Add("x", 0));
+    EXPECT_ERROR(569, list.Add("x", 0));
 }
 
 TEST_F(InventoryTest, SavesBothFormsAndReadsThemUnderAnyName) {
     list.Add("key", 5);
     list.Add("Key", 255);
     list.Encrypted(true);
-    list.MaxScreenObjects(33);
     list.Description("Mine");
     list.Save(dir.File("object"));
     list.Save(dir.File("items.ago"), 1);
@@ -137,22 +101,10 @@ TEST_F(InventoryTest, SavesBothFormsAndReadsThemUnderAnyName) {
         AGIInventoryObjects other;
         other.Load(dir.File(name));
         EXPECT_EQ(Shown(other), (Items{"?/0", "key/5!", "Key/255!"}));
-        EXPECT_EQ(other.MaxScreenObjects(), 33);
         EXPECT_EQ(other.Encrypted(), !isText);
         EXPECT_EQ(other.Description(), isText ? "Mine" : "");
         EXPECT_FALSE(other.IsDirty());
-        EXPECT_ERROR(511, other.Load(dir.File(name)));
     }
-}
-
-TEST_F(InventoryTest, AnUnusedFirstItemOfAFileKeepsNoRoom) {
-    dir.Write("items.ago", "2.1.1\n16\n7\t?\n8\t?\n");
-    AGIInventoryObjects other;
-    other.Load(dir.File("items.ago"));
-    EXPECT_EQ(Shown(other), (Items{"?/0", "?/8"}));
-    other.Item(0)->Room(7);
-    list.SetObjects(other);
-    EXPECT_EQ(Shown(list), (Items{"?/7", "?/8"}));
 }
 
 TEST_F(InventoryTest, AFailedLoadLeavesNothing) {
@@ -163,28 +115,24 @@ TEST_F(InventoryTest, AFailedLoadLeavesNothing) {
     EXPECT_ERROR_TEXT(692, "Unable to load OBJECT file - invalid data", other.Load(dir.File("bad")));
     const OpenDirectory open(dir);
     other.JoinGame(false);
-    EXPECT_ERROR(692, other.Load());
     dir.Write("OBJECT", "bad");
     EXPECT_ERROR(692, other.Load());
     EXPECT_FALSE(other.Loaded());
     EXPECT_EQ(other.Items().size(), 1U);
 }
 
-TEST_F(InventoryTest, WritesOnlyWhatHasChanged) {
+TEST_F(InventoryTest, WritesOnlyWhatHasChangedAndKeepsTheFileWhenItCannot) {
     EXPECT_ERROR(615, list.Save());
     EXPECT_ERROR(616, list.Export("", 0));
-    EXPECT_ERROR(615, list.Export("", 1));
     list.Save(dir.File("o"));
     dir.Write("o", "as it was");
-    list.Save(dir.File("O"));
     list.Encrypted(false);
     list.MaxScreenObjects(16);
-    list.Save();
+    list.Save(dir.File("O"));
     EXPECT_EQ(dir.ReadText("o"), "as it was");
-    list.Item(0)->Room(0);
+    list.Item(0)->ItemName(std::string(40000, 'x'));
     list.Export(dir.File("copy.ago"), 1, false);
     EXPECT_TRUE(list.IsDirty());
-    list.Item(0)->ItemName(std::string(40000, 'x'));
     list.Add("y", 1);
     EXPECT_ERROR_TEXT(674, "OBJECT file compile error(6:Overflow)", list.Save(dir.File("o")));
     EXPECT_EQ(dir.ReadText("o"), "as it was");
@@ -200,7 +148,6 @@ TEST_F(InventoryTest, AGamesInventoryKeepsItsFileAndItsDescriptionWithTheGame) {
     AGIInventoryObjects items;
     items.JoinGame(false);
     items.Load();
-    EXPECT_TRUE(items.AmigaOBJ());
     items.Description("What you find");
     EXPECT_ERROR(680, items.ResFile("x"));
     items.AmigaOBJ(false);
@@ -217,23 +164,20 @@ TEST_F(InventoryTest, AGamesInventoryKeepsItsFileAndItsDescriptionWithTheGame) {
     EXPECT_FALSE(dir.Exists("ignored"));
 }
 
-TEST_F(InventoryTest, TakesOverAnotherListAndItsItemsOutliveIt) {
+TEST_F(InventoryTest, TakesOverAnotherListWithTheRoomOfItsFirstItem) {
+    dir.Write("items.ago", "2.1.1\n17\n7\t?\n8\tkey\n9\tKEY\n\xFF\xFF\nMine");
     auto other = std::make_unique<AGIInventoryObjects>();
-    other->NewObjects();
-    other->Add("key", 2);
-    other->Add("KEY", 3);
-    other->Encrypted(true);
-    other->Description("Mine");
-    other->IsDirty(false);
+    other->Load(dir.File("items.ago"));
+    EXPECT_EQ(Shown(*other), (Items{"?/0", "key/8!", "KEY/9!"}))
+        << "a file's item 0 keeps no room while unused";
+    other->Item(0)->Room(7);
     list.SetObjects(*other);
-    EXPECT_EQ(Shown(list), (Items{"?/0", "key/2!", "KEY/3!"}));
-    EXPECT_TRUE(list.Encrypted() && !list.IsDirty());
-    list.SetObjects(list);
-    EXPECT_EQ(Shown(list), (Items{"?/0", "key/2!", "KEY/3!"}));
     const auto item = other->Item(1);
     other.reset();
-    item->ItemName("lamp");
-    EXPECT_EQ(item->ItemName(), "lamp");
+    item->ItemName("outlives its list");
+    list.SetObjects(list);
+    EXPECT_EQ(Shown(list), (Items{"?/7", "key/8!", "KEY/9!"}));
+    EXPECT_TRUE(list.IsDirty() && list.MaxScreenObjects() == 17 && list.Description() == "Mine");
 }
 
 }  // namespace

@@ -46,28 +46,19 @@ class WordListTest : public testing::Test {
     AGIWordList list;
 };
 
-TEST(UnloadedWordList, HasNoContents) {
-    AGIWordList list;
-    EXPECT_ERROR(563, list.WordCount());
+TEST_F(WordListTest, HasContentsOnlyWhileLoaded) {
+    EXPECT_EQ(TextsOf(list), (std::vector<std::string>{"a", "anyword", "rol"}));
+    EXPECT_TRUE(list.IsDirty());
+    EXPECT_ERROR(642, list.NewWords());
+    const auto group = list.GroupN(1);
+    list.Unload();
+    EXPECT_EQ(group->GroupName(), "anyword") << "a group outlives its list";
     EXPECT_ERROR(563, list.begin());
     EXPECT_ERROR(563, list.Item(-1));
     EXPECT_ERROR(563, list.AddWord("a", -1));
-    EXPECT_ERROR(563, list.Save());
     EXPECT_ERROR(563, list.Export("", 0));
-    EXPECT_ERROR(563, list.Unload());
     EXPECT_ERROR(563, AGIWordList().SetWords(list));
-    EXPECT_FALSE(list.WordExists("a"));
-    EXPECT_FALSE(list.GroupExists(0));
-}
-
-TEST_F(WordListTest, BeginsWithTheThreeUsualGroups) {
-    EXPECT_EQ(TextsOf(list), (std::vector<std::string>{"a", "anyword", "rol"}));
-    EXPECT_EQ(list.GroupN(0)->GroupName(), "a");
-    EXPECT_EQ(list.Group(2)->GroupNum(), 9999);
-    EXPECT_TRUE(list.IsDirty());
-    EXPECT_ERROR(642, list.NewWords());
-    list.Unload();
-    EXPECT_FALSE(list.IsDirty());
+    EXPECT_FALSE(list.WordExists("a") || list.GroupExists(0) || list.IsDirty());
 }
 
 TEST_F(WordListTest, KeepsWordsInLowerCaseAndInOrder) {
@@ -80,10 +71,8 @@ TEST_F(WordListTest, KeepsWordsInLowerCaseAndInOrder) {
     EXPECT_EQ(list.GroupN(7)->GroupName(), "2");
     EXPECT_ERROR(574, list.GroupN(7)->Word(6));
     EXPECT_ERROR(581, list.AddWord("x", 65536));
-    EXPECT_ERROR(581, list.AddWord("x", -1));
-    list.AddWord("x", 65535);
     EXPECT_ERROR(586, list.Item("y"));
-    EXPECT_RUNTIME(9, list.Item(10));
+    EXPECT_RUNTIME(9, list.Item(9));
 }
 
 TEST_F(WordListTest, GroupsStayWhenTheirWordsGo) {
@@ -93,11 +82,9 @@ TEST_F(WordListTest, GroupsStayWhenTheirWordsGo) {
     EXPECT_ERROR(584, list.RemoveWord("a"));
     EXPECT_EQ(list.GroupCount(), 3);
     EXPECT_EQ(list.GroupN(0)->GroupName(), "");
-    list.AddWord("rolling", 9999);
     list.RemoveGroup(9999);
     EXPECT_EQ(TextsOf(list), std::vector<std::string>{"anyword"});
     EXPECT_ERROR(583, list.RemoveGroup(9999));
-    EXPECT_ERROR(575, list.RemoveGroup(65536));
     EXPECT_ERROR_TEXT(575, "Invalid wordgroup number", list.GroupN(9999));
     EXPECT_ERROR(588, list.Group(2));
     list.AddGroup(65535);
@@ -116,19 +103,11 @@ TEST_F(WordListTest, ARenumberedGroupTakesItsWordsAlong) {
     EXPECT_ERROR(697, list.RenumberGroup(20000, 20000));
 }
 
-TEST_F(WordListTest, AGroupOutlivesItsList) {
-    const auto group = list.GroupN(1);
-    list.Clear();
-    EXPECT_EQ(list.GroupCount(), 0);
-    EXPECT_EQ(group->GroupName(), "anyword");
-}
-
 TEST_F(WordListTest, SavesBothFormsAndReadsThemUnderAnyName) {
     list.AddWord("look at", 20);
     list.Description("Mine");
     list.Save(dir.File("words.tok"));
     list.Save(dir.File("list.agw"), 1);
-    EXPECT_EQ(list.ResFile(), dir.File("list.agw"));
     dir.Write("text.tok", dir.Read("list.agw"));
     dir.Write("tok.agw", dir.Read("words.tok"));
     for (const char* name : {"words.tok", "list.agw", "text.tok", "tok.agw"}) {
@@ -154,9 +133,7 @@ TEST_F(WordListTest, AFailedLoadLeavesNothing) {
     EXPECT_ERROR(529, other.Load(dir.File("empty.tok")));
     EXPECT_ERROR(529, other.Load(dir.File("cut.agw")));
     EXPECT_ERROR(579, other.Load(dir.File("twice.agw")));
-    EXPECT_FALSE(other.Loaded());
-    EXPECT_FALSE(other.WordExists("a"));
-    EXPECT_EQ(other.ResFile(), "");
+    EXPECT_FALSE(other.Loaded() || other.WordExists("a") || !other.ResFile().empty());
 }
 
 TEST_F(WordListTest, WritesOnlyWhatHasChanged) {
@@ -167,7 +144,6 @@ TEST_F(WordListTest, WritesOnlyWhatHasChanged) {
     list.AddGroup(5);
     list.Export(dir.File("other.tok"), 0, false);
     EXPECT_TRUE(list.IsDirty());
-    EXPECT_EQ(list.ResFile(), dir.File("other.tok"));
     list.Export(dir.File("none"), 2);
     EXPECT_FALSE(dir.Exists("none"));
     EXPECT_FALSE(list.IsDirty());
@@ -201,16 +177,12 @@ TEST_F(WordListTest, AGamesListKeepsItsFileAndItsDescriptionWithTheGame) {
     words.Load(file);
     EXPECT_EQ(file, dir.File("WORDS.TOK"));
     words.Description(std::string(1025, 'x'));
-    EXPECT_EQ(ReadPropertyString(Library().PropertyList.get(), "WORDS.TOK", "Description", "").size(), 1024U);
-    EXPECT_FALSE(words.IsDirty());
     EXPECT_ERROR(680, words.ResFile("x"));
     words.AddWord("word", 4);
     words.Export(dir.File("copy.tok"), 0);
-    EXPECT_TRUE(words.IsDirty());
     Library().LastEdit = {};
     words.Save(dir.File("ignored.tok"), 1);
     EXPECT_NE(Library().LastEdit, DateTime{});
-    EXPECT_FALSE(dir.Exists("ignored.tok"));
     EXPECT_EQ(dir.Read("copy.tok"), dir.Read("WORDS.TOK"));
 
     AGIWordList again;
@@ -219,10 +191,9 @@ TEST_F(WordListTest, AGamesListKeepsItsFileAndItsDescriptionWithTheGame) {
     again.Load();
     EXPECT_EQ(again.Description().size(), 1024U);
     EXPECT_EQ(TextsOf(again), TextsOf(words));
+    again.Unload();
     dir.Remove("WORDS.TOK");
-    AGIWordList missing;
-    missing.JoinGame(false);
-    EXPECT_ERROR(529, missing.Load());
+    EXPECT_ERROR(529, again.Load());
 }
 
 TEST_F(WordListTest, TakesOverAnotherList) {
@@ -231,13 +202,10 @@ TEST_F(WordListTest, TakesOverAnotherList) {
     list.AddGroup(77);
     AGIWordList other;
     other.SetWords(list);
-    EXPECT_TRUE(other.Loaded() && other.IsDirty() && other.GroupExists(77));
-    EXPECT_EQ(other.Description(), "Mine");
-    EXPECT_EQ(other.ResFile(), dir.File("a.agw"));
     list.RemoveWord("rol");
-    EXPECT_TRUE(other.WordExists("rol"));
     other.SetWords(other);
-    EXPECT_EQ(other.WordCount(), 3);
+    EXPECT_TRUE(other.IsDirty() && other.GroupExists(77) && other.WordExists("rol"));
+    EXPECT_EQ(other.Description() + other.ResFile(), "Mine" + dir.File("a.agw"));
 }
 
 }  // namespace

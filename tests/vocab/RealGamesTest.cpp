@@ -13,14 +13,8 @@
 namespace zorvex::test {
 namespace {
 
-class RealGamesTest : public testing::Test {
-  protected:
-    void SetUp() override {
-        if (RealGames().empty()) GTEST_SKIP() << "no real games are here; set ZORVEX_GAMES to where they are";
-    }
-};
-
-TEST_F(RealGamesTest, WordsAndItemsAreThoseExpected) {
+TEST(RealGamesVocabulary, WordsAndItemsAreThoseExpected) {
+    if (RealGames().empty()) GTEST_SKIP() << "no real games are here; set ZORVEX_GAMES to where they are";
     for (const std::string& game : RealGames()) {
         SCOPED_TRACE(game);
         const std::string directory = *RealGame(game);
@@ -49,19 +43,16 @@ TEST_F(RealGamesTest, WordsAndItemsAreThoseExpected) {
     }
 }
 
-TEST_F(RealGamesTest, EveryPrefixOfTheirFilesIsReadOrRefused) {
+TEST(RealGamesVocabulary, EveryPrefixOfTheirFilesIsReadOrRefused) {
     for (const std::string& game : RealGames()) {
         const std::string directory = *RealGame(game);
         for (const char* name : {"/WORDS.TOK", "/OBJECT"}) {
             const ByteArray whole = Files().Read(InnerPath(directory + name));
             for (std::size_t length = 0; length <= whole.size(); ++length) {
                 const ByteArray cut(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length));
-                if (const auto words = DecodeWordsFile(cut)) {
-                    EXPECT_FALSE(words->Words.empty());
-                }
-                if (const auto items = DecodeObjectFile(cut)) {
-                    EXPECT_LE(items->Items.size(), MaxItems);
-                }
+                const auto words = DecodeWordsFile(cut);
+                EXPECT_FALSE(words && words->Words.empty());
+                EXPECT_LE(DecodeObjectFile(cut).value_or(InventoryData{}).Items.size(), MaxItems);
             }
         }
     }
