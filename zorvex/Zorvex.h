@@ -43,3 +43,4 @@
 #include "zorvex/vocab/AGIInventoryObjects.h"
 #include "zorvex/vocab/AGIWordGroup.h"
 #include "zorvex/vocab/AGIWordList.h"
+#include "zorvex/vocab/GameList.h"

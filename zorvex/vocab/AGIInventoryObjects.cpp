@@ -5,56 +5,33 @@
 
 #include "zorvex/game/Checked.h"
 #include "zorvex/game/Faults.h"
-#include "zorvex/game/GameProperties.h"
-#include "zorvex/game/Helpers.h"
-#include "zorvex/game/LibraryState.h"
-#include "zorvex/game/Text.h"
 #include "zorvex/platform/FileSystem.h"
-#include "zorvex/platform/WholeFile.h"
 #include "zorvex/vocab/ObjectFile.h"
 #include "zorvex/vocab/ObjectText.h"
-#include "zorvex/vocab/TextForm.h"
 
 namespace zorvex {
 
 namespace {
 
-constexpr std::string_view gameFileName = "OBJECT";
 constexpr std::string_view amigaBackupName = "OBJECT.amg";
-constexpr std::string_view propertySection = "OBJECT";
-constexpr std::string_view textExtension = ".ago";
+constexpr std::int32_t textForm = 1;
 
-std::string InGameDir(std::string_view name) {
-    return Library().GameDir + std::string(name);
-}
-
-/// Runs a reader; a fault counts as bytes that it does not understand.
-template <class Reader>
-std::optional<InventoryData> Try(Reader&& reader) {
-    std::optional<InventoryData> data;
-    Attempt([&] { data = reader(); });
-    return data;
-}
+constexpr GameListFamily family{.ErrorSource = AGIInventoryObjects::ErrorSource,
+                                .FileName = "OBJECT",
+                                .TextExtension = ".ago",
+                                .UnreadableError = 692,
+                                .ToldError = 0,
+                                .WriteError = 674};
 
 }  // namespace
 
-AGIInventoryObjects::AGIInventoryObjects() {
-    Reset();
+AGIInventoryObjects::AGIInventoryObjects() : GameList(family) {
+    AGIInventoryObjects::Reset();
 }
 
 AGIInventoryObjects::~AGIInventoryObjects() {
     for (const auto& item : items_)
         item->Detach();
-}
-
-void AGIInventoryObjects::RequireLoaded() const {
-    if (!loaded_) RaiseCatalogue(563, ErrorSource);
-}
-
-void AGIInventoryObjects::JoinGame(bool loaded) {
-    inGame_ = true;
-    loaded_ = loaded;
-    resFile_ = InGameDir(gameFileName);
 }
 
 // --- Contents ---
@@ -91,8 +68,7 @@ void AGIInventoryObjects::Take(const InventoryData& data) {
     maxScreenObjects_ = data.MaxScreenObjects;
     encrypted_ = data.Encrypted;
     amigaOBJ_ = data.AmigaOBJ;
-    description_ = data.Description;
-    loaded_ = true;
+    BecomeLoaded(data.Description);
 }
 
 InventoryData AGIInventoryObjects::Contents() const {
@@ -108,53 +84,16 @@ InventoryData AGIInventoryObjects::Contents() const {
 }
 
 void AGIInventoryObjects::NewObjects() {
-    if (loaded_) RaiseCatalogue(642, ErrorSource);
-    if (inGame_) RaiseCatalogue(510, ErrorSource);
-    loaded_ = true;
-    resFile_.clear();
-    Clear();
+    BeginNew();
 }
 
 void AGIInventoryObjects::SetObjects(const AGIInventoryObjects& newObjects) {
     newObjects.RequireLoaded();
-    const std::uint8_t firstRoom = newObjects.items_.front()->Room();
-    const bool dirty = newObjects.isDirty_;
+    if (&newObjects == this) return;
     Take(newObjects.Contents());
-    items_.front()->Room(
-        firstRoom);  // unlike a file, another list also gives the room of an item 0 not in use
-    isDirty_ = dirty;
-    // The list of a game stays with the game's own file, which a copy must not exchange for another.
-    if (!inGame_) resFile_ = newObjects.resFile_;
-}
-
-void AGIInventoryObjects::Clear() {
-    RequireLoaded();
-    Reset();
-    isDirty_ = true;
-}
-
-void AGIInventoryObjects::Unload() {
-    Clear();
-    loaded_ = false;
-    isDirty_ = false;
-}
-
-void AGIInventoryObjects::ResFile(std::string_view value) {
-    if (inGame_) RaiseCatalogue(680, ErrorSource);
-    resFile_ = InnerPath(value);
-}
-
-std::string AGIInventoryObjects::Description() const {
-    RequireLoaded();
-    return description_;
-}
-
-void AGIInventoryObjects::Description(std::string_view value) {
-    RequireLoaded();
-    std::string cut = CutCharacters(value, MaxDescription);
-    if (cut == description_) return;
-    description_ = std::move(cut);
-    if (inGame_) WriteGameProperty(propertySection, "Description", description_);
+    // Unlike a file, another list also gives the room of an item 0 not in use.
+    items_.front()->Room(newObjects.items_.front()->Room());
+    TakeStateOf(newObjects);
 }
 
 // --- Settings ---
@@ -165,7 +104,7 @@ std::uint8_t AGIInventoryObjects::MaxScreenObjects() const {
 
 void AGIInventoryObjects::MaxScreenObjects(std::uint8_t value) {
     RequireLoaded();
-    if (value != maxScreenObjects_) isDirty_ = true;
+    if (value != maxScreenObjects_) IsDirty(true);
     maxScreenObjects_ = value;
 }
 
@@ -176,16 +115,16 @@ bool AGIInventoryObjects::Encrypted() const {
 
 void AGIInventoryObjects::Encrypted(bool value) {
     RequireLoaded();
-    if (value != encrypted_) isDirty_ = true;
+    if (value != encrypted_) IsDirty(true);
     encrypted_ = value;
 }
 
 void AGIInventoryObjects::AmigaOBJ(bool value) {
     if (value || !amigaOBJ_) return;
-    if (inGame_) Files().Copy(InGameDir(gameFileName), InGameDir(amigaBackupName));
+    if (InGame()) Files().Copy(GameFile(family.FileName), GameFile(amigaBackupName));
     amigaOBJ_ = false;
-    isDirty_ = true;
-    if (inGame_) Save();
+    IsDirty(true);
+    if (InGame()) Save();
 }
 
 // --- Items ---
@@ -205,7 +144,7 @@ std::shared_ptr<AGIInventoryItem> AGIInventoryObjects::Add(std::string_view newI
     std::shared_ptr<AGIInventoryItem> item;
     const std::optional<Error> error = Attempt([&] { item = Append(newItem, room); });
     if (error) RaiseCatalogue(571, error->Source(), std::to_string(error->Number()));
-    isDirty_ = true;
+    IsDirty(true);
     return item;
 }
 
@@ -220,7 +159,7 @@ void AGIInventoryObjects::Remove(std::int32_t index) {
         item->ItemName(UnusedItemName);
         item->Room(0);
     }
-    isDirty_ = true;
+    IsDirty(true);
 }
 
 AGIInventoryObjects::Iterator AGIInventoryObjects::begin() const {
@@ -234,83 +173,35 @@ AGIInventoryObjects::Iterator AGIInventoryObjects::end() const {
 }
 
 // --- Files ---
-void AGIInventoryObjects::Load(std::string_view loadFile) {
-    std::string file(loadFile);
-    Load(file);
+bool AGIInventoryObjects::TakeDecoded(const std::optional<InventoryData>& data) {
+    if (data) Take(*data);
+    return data.has_value();
 }
 
-void AGIInventoryObjects::Load(std::string& loadFile) {
-    if (loaded_) RaiseCatalogue(511, ErrorSource);
-    if (inGame_) {
-        loadFile = InGameDir(gameFileName);
-        LoadFromGame();
-    } else {
-        LoadFromFile(loadFile);
-    }
-    isDirty_ = false;
+bool AGIInventoryObjects::TakeFile(ByteView bytes) {
+    return TakeDecoded(DecodeObjectFile(bytes));
 }
 
-void AGIInventoryObjects::LoadFromGame() {
-    std::optional<InventoryData> data =
-        Try([] { return DecodeObjectFile(Files().Read(InGameDir(gameFileName))); });
-    if (!data) {
-        Reset();
-        RaiseCatalogue(692, ErrorSource);
-    }
-    data->Description = CutCharacters(ReadGameString(propertySection, "Description", ""), MaxDescription);
-    Take(*data);
+bool AGIInventoryObjects::TakeText(ByteView bytes) {
+    return TakeDecoded(DecodeObjectText(bytes));
 }
 
-void AGIInventoryObjects::LoadFromFile(std::string_view loadFile) {
-    if (loadFile.empty()) RaiseCatalogue(599, ErrorSource);
-    std::string file = InnerPath(loadFile);
-    if (!FileExists(file)) RaiseCatalogue(524, ErrorSource, loadFile);
-    ByteArray bytes;
-    Attempt(
-        [&] { bytes = Files().Read(file); });  // what cannot be read holds nothing, which is no form at all
-    const auto tryText = [&] { return Try([&] { return DecodeObjectText(bytes); }); };
-    const auto tryFile = [&] { return Try([&] { return DecodeObjectFile(bytes); }); };
-    const bool textFirst = LowerCase(file).ends_with(textExtension);
-    std::optional<InventoryData> data = textFirst ? tryText() : tryFile();
-    if (!data) data = textFirst ? tryFile() : tryText();
-    if (!data) RaiseCatalogue(692, ErrorSource);
-    Take(*data);
-    resFile_ = std::move(file);
+ByteArray AGIInventoryObjects::FileBytes() const {
+    return EncodeObjectFile(Contents());
+}
+
+ByteArray AGIInventoryObjects::TextBytes() const {
+    return EncodeObjectText(Contents());
 }
 
 void AGIInventoryObjects::Save(std::string_view saveFile, std::int32_t fileType) {
     RequireLoaded();
-    if (inGame_) {
-        WriteObjectFile(resFile_);
-    } else {
-        std::string file = saveFile.empty() ? resFile_ : InnerPath(saveFile);
-        if (file.empty()) RaiseCatalogue(615, ErrorSource);
-        if (fileType == 0) WriteObjectFile(file);
-        if (fileType == 1) WriteObjectText(file);
-        resFile_ = std::move(file);
-    }
-    isDirty_ = false;
+    if (saveFile.empty() && ResFile().empty()) RaiseCatalogue(615, ErrorSource);
+    GameList::Save(saveFile, fileType);
 }
 
 void AGIInventoryObjects::Export(std::string_view exportFile, std::int32_t fileType, bool resetDirty) {
-    RequireLoaded();
-    std::string file = InnerPath(exportFile);
-    if (fileType == 0) WriteObjectFile(file);
-    if (fileType == 1) WriteObjectText(file);
-    if (inGame_) return;
-    resFile_ = std::move(file);
-    if (resetDirty) isDirty_ = false;
-}
-
-void AGIInventoryObjects::WriteObjectFile(const std::string& file) const {
-    if (file.empty()) RaiseCatalogue(616, ErrorSource);
-    if (!isDirty_ && EqualNoCase(file, resFile_)) return;
-    Wrapped(674, [&] { ReplaceWholeFile(file, EncodeObjectFile(Contents())); });
-}
-
-void AGIInventoryObjects::WriteObjectText(const std::string& file) const {
-    if (file.empty()) RaiseCatalogue(615, ErrorSource);
-    ReplaceWholeFile(file, EncodeObjectText(Contents()));
+    GameList::Export(exportFile, fileType, resetDirty || fileType == textForm);
 }
 
 }  // namespace zorvex

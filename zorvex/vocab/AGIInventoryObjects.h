@@ -3,72 +3,42 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "zorvex/game/Types.h"
 #include "zorvex/vocab/AGIInventoryItem.h"
+#include "zorvex/vocab/GameList.h"
 #include "zorvex/vocab/InventoryData.h"
 
 namespace zorvex {
 
 /// A list of 1 to 256 items. The position of an item is its number in logics; so removing one that is not the
-/// last only blanks it.
-///
-/// The inventory of the open game is kept in the file OBJECT of the game directory, its description in the
-/// game's property file. One that a host creates by itself is kept in a file of OBJECT's form or in a text
-/// file (".ago"), which also holds the description. The contents count only while the list is loaded:
-/// NewObjects, Load and SetObjects load it, Unload empties it. Every member that needs the contents raises
-/// 563 before anything else on a list that is not loaded.
+/// last only blanks it. The inventory of the open game is kept in the file OBJECT, the text form in files
+/// ".ago". Load raises 692 for a file in neither form. An empty list has one item "?" in room 0.
 ///
 /// The list keeps Unique of every item up to date; a change of a name costs one walk over the items.
-class AGIInventoryObjects {
+class AGIInventoryObjects : public GameList {
   public:
     static constexpr std::string_view ErrorSource = "ZORVEX.agiObjectFile";
 
     AGIInventoryObjects();
-    ~AGIInventoryObjects();
-    AGIInventoryObjects(const AGIInventoryObjects&) = delete;
-    AGIInventoryObjects& operator=(const AGIInventoryObjects&) = delete;
+    ~AGIInventoryObjects() override;
 
-    // --- The list as a whole ---
-    /// Begins a stand-alone list with one item "?". Raises 642 when loaded and 510 for the list of a game.
+    // --- The list as a whole, besides what all lists have ---
+    /// Begins a stand-alone list with one item "?" and the settings of a new list. Raises 642 when loaded and
+    /// 510 for the list of a game.
     void NewObjects();
-    /// Reads the list. That of a game comes from OBJECT in the game directory, whose path `loadFile` then
-    /// holds; a stand-alone list from the file given, in either form: the text form is tried first for a name
-    /// that ends in ".ago" and last for any other. Raises 511 when loaded, 599 without a name, 524 for a file
-    /// that is not there, 692 for one in neither form; after an error the list is empty and not loaded.
-    void Load(std::string& loadFile);
-    void Load(std::string_view loadFile = {});
-    /// Writes the list. That of a game goes to its file; a stand-alone list goes to the file given, or to
-    /// ResFile, as OBJECT (file type 0) or as text (1), and ResFile becomes that file. A list that has not
-    /// changed since it was written to the same file as OBJECT is not written again. Raises 616 and 615
-    /// without a file name and 674 for any fault while OBJECT is written.
-    void Save(std::string_view saveFile = {}, std::int32_t fileType = 0);
-    /// Writes the list as OBJECT (file type 0) or as text (1); another type writes nothing. A stand-alone
-    /// list takes the name as its ResFile and, with `resetDirty`, counts as saved. Raises as Save does.
-    void Export(std::string_view exportFile, std::int32_t fileType, bool resetDirty = true);
-    /// Takes over the items, the settings, the description, the file and the unsaved state of another list;
-    /// whether this one belongs to a game stays. Raises 563 when the other is not loaded.
+    /// Takes over the items, the settings, the description and the unsaved state of another list, and outside
+    /// a game its file; whether this one belongs to a game stays. Raises 563 when the other is not loaded.
     void SetObjects(const AGIInventoryObjects& newObjects);
-    /// Leaves one item "?" in room 0 and the settings of a new list.
-    void Clear();
-    void Unload();
-
-    bool Loaded() const { return loaded_; }
-    /// True for the inventory of the open game.
-    bool InGame() const { return inGame_; }
-    /// True when something has changed since the last save.
-    bool IsDirty() const { return isDirty_; }
-    void IsDirty(bool value) { isDirty_ = value; }
-    /// The file last read or written, as an inner path. The setter raises 680 for the list of a game.
-    std::string ResFile() const { return resFile_; }
-    void ResFile(std::string_view value);
-    /// At most 1024 characters of host text. In a game a new value goes to the property list at once; the
-    /// setter never makes the list dirty.
-    std::string Description() const;
-    void Description(std::string_view value);
+    /// As for all lists. Raises 615 without a file name, whatever the type, and 674 for any fault while
+    /// OBJECT is written.
+    void Save(std::string_view saveFile = {}, std::int32_t fileType = 0) override;
+    /// As for all lists, but a stand-alone list written as text counts as saved in any case.
+    void Export(std::string_view exportFile, std::int32_t fileType, bool resetDirty = true) override;
 
     // --- Settings ---
     /// How many screen objects a game may use at once, besides ego.
@@ -99,32 +69,25 @@ class AGIInventoryObjects {
     Iterator end() const;
 
     // --- For the library ---
-    /// Makes this the inventory of the open game, kept in OBJECT of the game directory.
-    void JoinGame(bool loaded);
-    void LeaveGame() { inGame_ = false; }
     /// The items, loaded or not.
     const std::vector<std::shared_ptr<AGIInventoryItem>>& Items() const { return items_; }
 
   private:
-    void RequireLoaded() const;
-    void Reset();
     std::shared_ptr<AGIInventoryItem> Append(std::string_view name, std::uint8_t room);
     void Take(const InventoryData& data);
+    bool TakeDecoded(const std::optional<InventoryData>& data);
     InventoryData Contents() const;
-    void LoadFromGame();
-    void LoadFromFile(std::string_view loadFile);
-    void WriteObjectFile(const std::string& file) const;
-    void WriteObjectText(const std::string& file) const;
+
+    bool TakeFile(ByteView bytes) override;
+    bool TakeText(ByteView bytes) override;
+    ByteArray FileBytes() const override;
+    ByteArray TextBytes() const override;
+    void Reset() override;
 
     std::vector<std::shared_ptr<AGIInventoryItem>> items_;
-    std::string resFile_;
-    std::string description_;
     std::uint8_t maxScreenObjects_ = 16;
     bool encrypted_ = false;
     bool amigaOBJ_ = false;
-    bool inGame_ = false;
-    bool isDirty_ = false;
-    bool loaded_ = false;
 };
 
 }  // namespace zorvex

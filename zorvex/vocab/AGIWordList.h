@@ -4,76 +4,44 @@
 #include <cstdint>
 #include <iterator>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "zorvex/game/Types.h"
 #include "zorvex/vocab/AGIWordGroup.h"
+#include "zorvex/vocab/GameList.h"
 #include "zorvex/vocab/WordTable.h"
 
 namespace zorvex {
 
 /// A list of words in sort order and of word groups in order of their numbers, each word in exactly one
-/// group.
-///
-/// The list of the open game is kept in the file WORDS.TOK of the game directory, its description in the
-/// game's property file. A list that a host creates by itself is kept in a file of WORDS.TOK's form or in a
-/// text file (".agw"), which also holds the description. A list holds something only while it is loaded:
-/// NewWords, Load and SetWords load it, Unload empties it. Every member that needs the contents raises 563
-/// before anything else on a list that is not loaded.
+/// group. The list of the open game is kept in the file WORDS.TOK, the text form in files ".agw". Load gives
+/// a list without words those of a new one; it raises 529 for a file in neither form and 579 for a text form
+/// with a word that comes twice.
 ///
 /// Words are game text in lower case; finding one ignores case. Group numbers are 0 to 65535. A group stays
 /// when its last word goes. Finding a word or a group, and adding one, take no longer than a search by halves
 /// and the moving of pointers.
-class AGIWordList {
+class AGIWordList : public GameList {
   public:
     static constexpr std::string_view ErrorSource = "ZORVEX.AGIWordList";
 
-    AGIWordList() = default;
-    AGIWordList(const AGIWordList&) = delete;
-    AGIWordList& operator=(const AGIWordList&) = delete;
+    AGIWordList();
 
-    // --- The list as a whole ---
+    // --- The list as a whole, besides what all lists have ---
     /// Begins a stand-alone list with the words "a", "anyword" and "rol" in the groups 0, 1 and 9999. Raises
     /// 642 when loaded and 510 for the list of a game.
     void NewWords();
-    /// Reads the list. That of a game comes from WORDS.TOK in the game directory, whose path `loadFile` then
-    /// holds; a stand-alone list from the file given, in either form: the text form is tried first for a name
-    /// that ends in ".agw" and last for any other. A list without words gets those of a new one. Raises 511
-    /// when loaded, 599 without a name, 524 for a file that is not there, 529 for one in neither form, 579
-    /// for a text form with a word that comes twice; after an error the list is not loaded.
-    void Load(std::string& loadFile);
-    void Load(std::string_view loadFile = {});
-    /// Writes the list. That of a game goes to its file and sets the game's LastEdit; a stand-alone list goes
-    /// to the file given, or to ResFile, as WORDS.TOK (file type 0) or as text (1), and ResFile becomes that
-    /// file. A list that has not changed since it was written to the same file as WORDS.TOK is not written
-    /// again. Raises 616 and 615 without a file name, 672 for a list without groups or words and for any
-    /// fault while WORDS.TOK is written.
-    void Save(std::string_view saveFile = {}, std::int32_t fileType = 0);
-    /// Writes the list as WORDS.TOK (file type 0) or as text (1); another type writes nothing. A stand-alone
-    /// list takes the name as its ResFile and, with `resetDirty`, counts as saved. Raises 671 for any fault.
-    void Export(std::string_view exportFile, std::int32_t fileType, bool resetDirty = true);
-    /// Takes over the contents, the description, the file and the unsaved state of another list; whether this
-    /// one belongs to a game stays. Raises 563 when the other is not loaded.
+    /// Takes over the contents, the description and the unsaved state of another list, and outside a game its
+    /// file; whether this one belongs to a game stays. Raises 563 when the other is not loaded.
     void SetWords(const AGIWordList& newWords);
-    /// Removes all words and groups.
-    void Clear();
-    void Unload();
-
-    bool Loaded() const { return loaded_; }
-    /// True for the list of the open game.
-    bool InGame() const { return inGame_; }
-    /// True when words or groups have changed since the last save.
-    bool IsDirty() const { return isDirty_; }
-    void IsDirty(bool value) { isDirty_ = value; }
-    /// The file last read or written, as an inner path. The setter raises 680 for the list of a game.
-    std::string ResFile() const { return resFile_; }
-    void ResFile(std::string_view value);
-    /// At most 1024 characters of host text. In a game a new value goes to the property list at once; the
-    /// setter never makes the list dirty.
-    std::string Description() const;
-    void Description(std::string_view value);
+    /// As for all lists; saving that of a game also sets the game's LastEdit. Raises 672 for a list without
+    /// groups or words and for any fault while WORDS.TOK is written.
+    void Save(std::string_view saveFile = {}, std::int32_t fileType = 0) override;
+    /// As for all lists. Raises 671 for any fault.
+    void Export(std::string_view exportFile, std::int32_t fileType, bool resetDirty = true) override;
 
     // --- Words ---
     std::int32_t WordCount() const;
@@ -131,27 +99,18 @@ class AGIWordList {
     /// when the new number is in use, 577 for any other fault.
     void RenumberGroup(std::int32_t oldGroupNumber, std::int32_t newGroupNumber);
 
-    // --- For the library ---
-    /// Makes this the list of the open game, kept in WORDS.TOK of the game directory.
-    void JoinGame(bool loaded);
-    void LeaveGame() { inGame_ = false; }
-
   private:
-    void RequireLoaded() const;
     static void CheckGroupNumber(std::int32_t groupNumber);
     void Take(const VocabularyData& data);
-    VocabularyData Contents() const;
-    void LoadFromGame();
-    void LoadFromFile(std::string_view loadFile);
-    void WriteTokFile(const std::string& file) const;
-    void WriteTextFile(const std::string& file) const;
+    bool TakeDecoded(const std::optional<VocabularyData>& data);
+
+    bool TakeFile(ByteView bytes) override;
+    bool TakeText(ByteView bytes) override;
+    ByteArray FileBytes() const override;
+    ByteArray TextBytes() const override;
+    void Reset() override;
 
     WordTable table_;
-    std::string resFile_;
-    std::string description_;
-    bool inGame_ = false;
-    bool isDirty_ = false;
-    bool loaded_ = false;
 };
 
 }  // namespace zorvex

@@ -1,0 +1,174 @@
+#include "zorvex/vocab/GameList.h"
+
+#include <optional>
+#include <utility>
+
+#include "zorvex/game/Faults.h"
+#include "zorvex/game/GameProperties.h"
+#include "zorvex/game/Helpers.h"
+#include "zorvex/game/LibraryState.h"
+#include "zorvex/game/Text.h"
+#include "zorvex/platform/FileSystem.h"
+#include "zorvex/platform/WholeFile.h"
+#include "zorvex/vocab/TextForm.h"
+
+namespace zorvex {
+
+namespace {
+
+constexpr std::string_view descriptionKey = "Description";
+constexpr std::int32_t interpretersForm = 0;
+constexpr std::int32_t textForm = 1;
+
+/// What cannot be read holds nothing, which is no form at all.
+ByteArray BytesOrNone(std::string_view path) {
+    ByteArray bytes;
+    Attempt([&] { bytes = Files().Read(path); });
+    return bytes;
+}
+
+}  // namespace
+
+void GameList::RequireLoaded() const {
+    if (!loaded_) RaiseCatalogue(563, family_.ErrorSource);
+}
+
+std::string GameList::GameFile(std::string_view name) {
+    return Library().GameDir + std::string(name);
+}
+
+void GameList::JoinGame(bool loaded) {
+    inGame_ = true;
+    loaded_ = loaded;
+    resFile_ = GameFile(family_.FileName);
+}
+
+// --- State ---
+void GameList::BeginNew() {
+    if (loaded_) RaiseCatalogue(642, family_.ErrorSource);
+    if (inGame_) RaiseCatalogue(510, family_.ErrorSource);
+    resFile_.clear();
+    BecomeLoaded({});
+    Clear();
+}
+
+void GameList::BecomeLoaded(std::string_view description) {
+    description_ = description;
+    loaded_ = true;
+}
+
+void GameList::TakeStateOf(const GameList& other) {
+    isDirty_ = other.isDirty_;
+    if (!inGame_) resFile_ = other.resFile_;
+}
+
+void GameList::Clear() {
+    RequireLoaded();
+    Reset();
+    isDirty_ = true;
+}
+
+void GameList::Unload() {
+    Clear();
+    loaded_ = false;
+    isDirty_ = false;
+}
+
+void GameList::ResFile(std::string_view value) {
+    if (inGame_) RaiseCatalogue(680, family_.ErrorSource);
+    resFile_ = InnerPath(value);
+}
+
+std::string GameList::Description() const {
+    RequireLoaded();
+    return description_;
+}
+
+void GameList::Description(std::string_view value) {
+    RequireLoaded();
+    std::string cut = CutCharacters(value, MaxDescription);
+    if (cut == description_) return;
+    description_ = std::move(cut);
+    if (inGame_) WriteGameProperty(family_.FileName, descriptionKey, description_);
+}
+
+// --- Reading ---
+void GameList::Load(std::string_view loadFile) {
+    std::string file(loadFile);
+    Load(file);
+}
+
+void GameList::Load(std::string& loadFile) {
+    if (loaded_) RaiseCatalogue(511, family_.ErrorSource);
+    if (inGame_) {
+        loadFile = GameFile(family_.FileName);
+        LoadFromGame();
+    } else {
+        LoadFromFile(loadFile);
+    }
+    isDirty_ = false;
+}
+
+bool GameList::TryTake(ByteView bytes, bool asText) {
+    bool taken = false;
+    const std::optional<Error> error = Attempt([&] { taken = asText ? TakeText(bytes) : TakeFile(bytes); });
+    if (error && family_.ToldError != 0 && error->Is(family_.ToldError)) throw Error(*error);
+    return taken;
+}
+
+void GameList::LoadFromGame() {
+    if (!TryTake(BytesOrNone(GameFile(family_.FileName)), false)) {
+        Reset();
+        RaiseCatalogue(family_.UnreadableError, family_.ErrorSource);
+    }
+    description_ = CutCharacters(ReadGameString(family_.FileName, descriptionKey, ""), MaxDescription);
+}
+
+void GameList::LoadFromFile(std::string_view loadFile) {
+    if (loadFile.empty()) RaiseCatalogue(599, family_.ErrorSource);
+    std::string file = InnerPath(loadFile);
+    if (!FileExists(file)) RaiseCatalogue(524, family_.ErrorSource, loadFile);
+    const ByteArray bytes = BytesOrNone(file);
+    const bool textFirst = LowerCase(file).ends_with(family_.TextExtension);
+    if (!TryTake(bytes, textFirst) && !TryTake(bytes, !textFirst)) {
+        RaiseCatalogue(family_.UnreadableError, family_.ErrorSource);
+    }
+    resFile_ = std::move(file);
+}
+
+// --- Writing ---
+void GameList::Write(const std::string& file, std::int32_t fileType) const {
+    if (fileType == textForm) {
+        if (file.empty()) RaiseCatalogue(615, family_.ErrorSource);
+        ReplaceWholeFile(file, TextBytes());
+    }
+    if (fileType == interpretersForm) {
+        if (file.empty()) RaiseCatalogue(616, family_.ErrorSource);
+        if (!isDirty_ && EqualNoCase(file, resFile_)) return;
+        const std::int32_t id = family_.WriteError;
+        Wrapped(id, [&] { ReplaceWholeFile(file, FileBytes()); }, {id});
+    }
+}
+
+void GameList::Save(std::string_view saveFile, std::int32_t fileType) {
+    RequireLoaded();
+    if (inGame_) {
+        Write(resFile_, interpretersForm);
+    } else {
+        std::string file = saveFile.empty() ? resFile_ : InnerPath(saveFile);
+        Write(file, fileType);
+        resFile_ = std::move(file);
+    }
+    isDirty_ = false;
+}
+
+void GameList::Export(std::string_view exportFile, std::int32_t fileType, bool resetDirty) {
+    RequireLoaded();
+    std::string file = InnerPath(exportFile);
+    Write(file, fileType);
+    if (inGame_) return;
+    resFile_ = std::move(file);
+    if (resetDirty) isDirty_ = false;
+}
+
+}  // namespace zorvex
