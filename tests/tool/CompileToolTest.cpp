@@ -59,6 +59,18 @@ TEST(CompileTool, CompilesWhatItCan) {
     EXPECT_EQ(RunTool({"compile", dir.Native(), "1", "--level", "none"}).Status, 2);
 }
 
+TEST(CompileTool, CompilesTheTextItMadeOfALogicWithoutSource) {
+    SKIP_WITHOUT_TOOL();
+    const TempDir dir;
+    test::GameBuilder game;
+    game.Add(rtLogic, 0, ByteArray{5, 0, 105, 1, 2, 0, 0, 0, 2, 0});
+    game.WriteTo(dir);
+    EXPECT_EQ(RunTool({"verify", dir.Native()}).Output, "0 errors, 0 warnings\n");
+    EXPECT_EQ(RunTool({"compile", dir.Native()}).Diagnostics,
+              "zorvex: 1 logic compiled: 0 errors, 0 warnings\n");
+    EXPECT_EQ(RunTool({"props", dir.Native(), "useReservedNames"}).Output, "False\n");
+}
+
 TEST(CompileTool, CompilesASingleFile) {
     SKIP_WITHOUT_TOOL();
     const TempDir dir;
@@ -75,6 +87,7 @@ TEST(CompileTool, CompilesASingleFile) {
     const ToolRun failed = RunTool({"compile", source, "-o", output});
     EXPECT_EQ(failed.Status, 1);
     EXPECT_EQ(failed.Diagnostics.substr(0, source.size() + 15), source + ":3: error: 4063");
+    EXPECT_NE(failed.Diagnostics.find("note: 'RED' is a reserved name"), std::string::npos);
     EXPECT_FALSE(dir.Exists("room.bin"));
     EXPECT_EQ(RunTool({"compile", source}).Status, 2);
     EXPECT_EQ(RunTool({"compile", source, "--check", "--version", "2.5"}).Status, 2);

@@ -3,6 +3,7 @@
 #include "tools/zorvex/Commands.h"
 #include "tools/zorvex/Console.h"
 #include "tools/zorvex/Diagnostics.h"
+#include "tools/zorvex/NamesSwitch.h"
 #include "tools/zorvex/OpenedGame.h"
 #include "tools/zorvex/Resources.h"
 #include "tools/zorvex/SingleLogic.h"
@@ -69,24 +70,6 @@ void Configure(AGIGame& game, const CompileOptions& options) {
     }
 }
 
-/// Lets reserved names count for as long as it lives; the game keeps its own setting.
-class NamesSwitch {
-  public:
-    NamesSwitch(AGIGame& game, bool on)
-        : settings_(game.LogicSourceSettings()), before_(settings_->UseReservedNames()) {
-        if (on) settings_->UseReservedNames(true);
-    }
-    NamesSwitch(const NamesSwitch&) = delete;
-    NamesSwitch& operator=(const NamesSwitch&) = delete;
-    ~NamesSwitch() {
-        if (settings_->UseReservedNames() != before_) settings_->UseReservedNames(before_);
-    }
-
-  private:
-    std::shared_ptr<AGILogicSourceSettings> settings_;
-    bool before_;
-};
-
 std::vector<std::shared_ptr<AGILogic>> ChosenLogics(AGIGame& game, const std::string& which) {
     std::vector<std::shared_ptr<AGILogic>> chosen;
     const bool isNumber = !which.empty() && which.find_first_not_of("0123456789") == std::string::npos;
@@ -102,7 +85,7 @@ std::vector<std::shared_ptr<AGILogic>> ChosenLogics(AGIGame& game, const std::st
 /// Compiles logics one by one and keeps count.
 class CompileReport {
   public:
-    CompileReport(AGIGame& game, bool asJson) : diagnostics_(game), asJson_(asJson) {}
+    CompileReport(AGIGame& game, bool asJson) : game_(game), diagnostics_(game), asJson_(asJson) {}
 
     /// Loads, compiles and, if asked, saves a logic.
     void Compile(AGILogic& logic, bool save);
@@ -112,6 +95,7 @@ class CompileReport {
   private:
     void AddJson(AGILogic& logic, bool compiled, std::size_t first);
 
+    AGIGame& game_;
     DiagnosticList diagnostics_;
     bool asJson_;
     Json logics_ = Json::array();
@@ -122,6 +106,7 @@ class CompileReport {
 void CompileReport::Compile(AGILogic& logic, bool save) {
     const std::size_t first = diagnostics_.All().size();
     bool compiled = false;
+    const NamesSwitch names(game_, logic.InGame() && HasNoSource(logic));
     try {
         logic.Load();
         if (save) {

@@ -2,12 +2,15 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <filesystem>
 
 #include "tools/zorvex/Console.h"
 #include "zorvex/compiler/LogCompile.h"
 #include "zorvex/game/Helpers.h"
 #include "zorvex/game/Text.h"
 #include "zorvex/logic/StringList.h"
+
+namespace fs = std::filesystem;
 
 namespace zorvex::tool {
 
@@ -40,17 +43,40 @@ std::string_view TakeField(std::string_view& text) {
     return field;
 }
 
+/// A source path as a person writes it: a resource directory that is the game's own leaves two separators.
+std::string ShownPath(const std::string& path) {
+    return fs::path(NativePath(ShownText(path))).lexically_normal().string();
+}
+
+/// What would help against an error about a reserved name while these do not count.
+std::string ReservedNameHint(AGIGame& game, std::string_view text) {
+    const auto settings = game.LogicSourceSettings();
+    const std::size_t open = text.find('\'');
+    const std::size_t close = open == std::string_view::npos ? open : text.find('\'', open + 1);
+    if (settings->UseReservedNames() || close == std::string_view::npos) return {};
+    const std::string_view name = text.substr(open + 1, close - open - 1);
+    for (std::int16_t group = 1; group <= 8; ++group) {
+        for (const TDefine& define : settings->ResDefByGrp(group)) {
+            if (!EqualNoCase(define.Name, name)) continue;
+            return "'" + define.Name +
+                   "' is a reserved name: these count after 'zorvex props GAME useReservedNames=True'";
+        }
+    }
+    return {};
+}
+
 }  // namespace
 
 DiagnosticList::DiagnosticList(AGIGame& game)
-    : subscription_(game.GameEvents().LogCompWarning.Subscribe(
+    : game_(game),
+      subscription_(game.GameEvents().LogCompWarning.Subscribe(
           [this](const std::string& warning, std::uint8_t logic) { AddWarning(warning, logic); })) {}
 
 void DiagnosticList::Place(Diagnostic& diagnostic, std::string_view line, const std::string& module) const {
     const std::string file = module.empty() ? SourcePath(diagnostic.Logic) : module;
     diagnostic.Line = std::max(0, static_cast<int>(Val(line)));
     diagnostic.Column = CompileColumn();
-    diagnostic.Path = NativePath(ShownText(file));
+    diagnostic.Path = ShownPath(file);
     diagnostic.SourceLine = ReadLine(file, diagnostic.Line);
 }
 
@@ -77,12 +103,13 @@ void DiagnosticList::AddError(std::uint8_t logic, std::string_view description) 
     const std::string line(TakeField(rest));
     if (rest.empty()) {
         diagnostic.Text = description;
-        diagnostic.Path = NativePath(ShownText(SourcePath(logic)));
+        diagnostic.Path = ShownPath(SourcePath(logic));
     } else {
         const std::string module(TakeField(rest));
         Place(diagnostic, line, module);
         diagnostic.Number = static_cast<int>(Val(rest));
         diagnostic.Text = rest;
+        diagnostic.Hint = ReservedNameHint(game_, rest);
     }
     all_.push_back(std::move(diagnostic));
 }
@@ -108,6 +135,7 @@ void DiagnosticList::Say(std::size_t first) const {
                 text += "    " + std::string(static_cast<std::size_t>(diagnostic.Column - 1), ' ') + "^\n";
             }
         }
+        if (!diagnostic.Hint.empty()) text += "    note: " + diagnostic.Hint + "\n";
         std::fputs(text.c_str(), stderr);
     }
 }
@@ -119,7 +147,8 @@ Json JsonOf(const Diagnostic& diagnostic) {
             {"line", diagnostic.Line},
             {"column", diagnostic.Column},
             {"number", diagnostic.Number},
-            {"text", ShownText(diagnostic.Text)}};
+            {"text", ShownText(diagnostic.Text)},
+            {"hint", diagnostic.Hint}};
 }
 
 }  // namespace zorvex::tool

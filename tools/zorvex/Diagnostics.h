@@ -20,6 +20,7 @@ struct Diagnostic {
     int Number = 0;          ///< the message's own number
     std::string Text;
     std::string SourceLine;  ///< the line itself, where it could be read
+    std::string Hint;        ///< what would help, where that is known
 };
 
 /// Listens to the warnings of the open game's compiler as long as it lives.
@@ -40,6 +41,7 @@ class DiagnosticList {
     void AddWarning(std::string_view warning, std::uint8_t logic);
     void Place(Diagnostic& diagnostic, std::string_view line, const std::string& module) const;
 
+    AGIGame& game_;
     std::vector<Diagnostic> all_;
     Subscription subscription_;
 };

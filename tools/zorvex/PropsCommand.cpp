@@ -68,6 +68,12 @@ const std::array properties{
              [](AGIGame& game, const std::string& value) { game.DOSExec(value); }},
     Property{"useLE", [](AGIGame& game) { return std::string(BoolText(game.UseLE())); },
              [](AGIGame& game, const std::string& value) { game.UseLE(ToBool(value)); }},
+    Property{
+        "useReservedNames",
+        [](AGIGame& game) { return std::string(BoolText(game.LogicSourceSettings()->UseReservedNames())); },
+        [](AGIGame& game, const std::string& value) {
+            game.LogicSourceSettings()->UseReservedNames(ToBool(value));
+        }},
 };
 
 const Property& Find(const std::string& name) {

@@ -6,6 +6,7 @@
 #include "tools/zorvex/Console.h"
 #include "tools/zorvex/Diagnostics.h"
 #include "tools/zorvex/Json.h"
+#include "tools/zorvex/NamesSwitch.h"
 #include "tools/zorvex/OpenedGame.h"
 #include "tools/zorvex/Resources.h"
 #include "zorvex/compiler/LogCompile.h"
@@ -36,7 +37,7 @@ struct Fault {
 
 class Verification {
   public:
-    explicit Verification(OpenedGame& opened) : diagnostics_(opened.Game()) {
+    explicit Verification(OpenedGame& opened) : game_(opened.Game()), diagnostics_(opened.Game()) {
         opened.Game().LogicSourceSettings()->ErrorLevel(leMedium);
         for (const std::string& warning : opened.Warnings())
             faults_.push_back({true, "game", warning});
@@ -97,6 +98,7 @@ class Verification {
     /// The bytes must decompile; the source, or what was decompiled, must compile.
     void CheckLogic(AGILogic& logic) {
         DecodeLogic(logic.Resource().View());
+        const NamesSwitch names(game_, HasNoSource(logic));
         logic.Load();
         const std::size_t before = diagnostics_.All().size();
         try {
@@ -114,6 +116,7 @@ class Verification {
         if (diagnostic.IsError) Add(false, logic, "source: " + place + diagnostic.Text);
     }
 
+    AGIGame& game_;
     DiagnosticList diagnostics_;
     std::vector<Fault> faults_;
 };
