@@ -81,11 +81,21 @@ TEST_F(WordsAndItems, OfABadFileLeaveTheGameAsItIs) {
     EXPECT_EQ(RunTool({"objects-import", game.Native(), File("words.agw")}).Status, 2);
     files.Write("bad", "nothing that it knows");
     EXPECT_EQ(RunTool({"words-import", game.Native(), File("bad")}).Status, 1);
+    files.Write("twice.agw", "2.1.1\r\n0\ta\r\n1\ta\r\n");
+    files.Write("blanks.agw", "2.1.1\r\n0 a\r\n");
+    for (const auto& [name, message] : {std::pair("twice.agw:3", ": Can't add word; it already exists"),
+                                        {"blanks.agw:2", ": there is no tab"}}) {
+        const ToolRun run = RunTool(
+            {"words-import", game.Native(), File(std::string(name, 0, std::string(name).size() - 2))});
+        EXPECT_EQ(run.Status, 1);
+        EXPECT_NE(run.Diagnostics.find(std::string(name) + message), std::string::npos) << run.Diagnostics;
+    }
     EXPECT_EQ(RunTool({"words", game.Native(), "-o", File("words.txt")}).Status, 2);
     EXPECT_EQ(game.All(), before);
     const ToolRun run = RunTool({"words-import", game.Native(), File("words.agw")});
     EXPECT_EQ(run.Status, 1);
-    EXPECT_NE(run.Diagnostics.find("error 672: WORDS.TOK compile error(6:Overflow)"), std::string::npos);
+    EXPECT_NE(run.Diagnostics.find("error 672: WORDS.TOK compile error(6:Overflow): \"\u00E9t\u00E9\" has"),
+              std::string::npos);
     EXPECT_EQ(game.Read("WORDS.TOK"), before.at("WORDS.TOK"));
 }
 

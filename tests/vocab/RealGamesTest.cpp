@@ -43,20 +43,5 @@ TEST(RealGamesVocabulary, WordsAndItemsAreThoseExpected) {
     }
 }
 
-TEST(RealGamesVocabulary, EveryPrefixOfTheirFilesIsReadOrRefused) {
-    for (const std::string& game : RealGames()) {
-        const std::string directory = *RealGame(game);
-        for (const char* name : {"/WORDS.TOK", "/OBJECT"}) {
-            const ByteArray whole = Files().Read(InnerPath(directory + name));
-            for (std::size_t length = 0; length <= whole.size(); ++length) {
-                const ByteArray cut(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length));
-                const auto words = DecodeWordsFile(cut);
-                EXPECT_FALSE(words && words->Words.empty());
-                EXPECT_LE(DecodeObjectFile(cut).value_or(InventoryData{}).Items.size(), MaxItems);
-            }
-        }
-    }
-}
-
 }  // namespace
 }  // namespace zorvex::test

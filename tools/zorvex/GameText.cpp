@@ -1,6 +1,5 @@
 #include "tools/zorvex/GameText.h"
 
-#include "tools/zorvex/Command.h"
 #include "zorvex/game/Helpers.h"
 #include "zorvex/game/Text.h"
 
@@ -24,11 +23,6 @@ std::string PrintableGameText(std::string_view gameText) {
         }
     }
     return text;
-}
-
-void RefuseExtension(const std::string& path, std::string_view extension) {
-    if (!LowerCase(path).ends_with(extension)) return;
-    throw UsageError(path + " holds " + (extension == ".ago" ? "items, not words" : "words, not items"));
 }
 
 }  // namespace zorvex::tool

@@ -13,8 +13,4 @@ std::string GameTextAsUtf8(std::string_view gameText);
 /// As GameTextAsUtf8, for a person's terminal: control characters as \xNN.
 std::string PrintableGameText(std::string_view gameText);
 
-/// The text forms of word lists and inventories begin alike, so that one could be taken for the other. Raises
-/// UsageError for a file whose extension is that of the other form.
-void RefuseExtension(const std::string& path, std::string_view extension);
-
 }  // namespace zorvex::tool

@@ -4,6 +4,7 @@
 #include "tools/zorvex/Commands.h"
 #include "tools/zorvex/GameText.h"
 #include "tools/zorvex/Json.h"
+#include "tools/zorvex/ListFiles.h"
 #include "tools/zorvex/OpenedGame.h"
 #include "zorvex/game/Text.h"
 
@@ -62,10 +63,10 @@ int Show(AGIInventoryObjects& list, const ObjectsOptions& options) {
 }
 
 int Run(const ObjectsOptions& options) {
+    if (LowerCase(options.Output).ends_with(".agw")) throw UsageError(options.Output + " would hold words");
     if (!NamesGame(options.Source)) {
-        RefuseExtension(options.Source, ".agw");
         AGIInventoryObjects list;
-        list.Load(options.Source);
+        LoadListFile(list, options.Source);
         return Show(list, options);
     }
     OpenedGame game(options.Source, Access::Look);

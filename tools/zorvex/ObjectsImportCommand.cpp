@@ -1,6 +1,6 @@
 // zorvex objects-import: other items for a game.
 #include "tools/zorvex/Commands.h"
-#include "tools/zorvex/GameText.h"
+#include "tools/zorvex/ListFiles.h"
 #include "tools/zorvex/OpenedGame.h"
 
 namespace zorvex::tool {
@@ -38,9 +38,8 @@ void Replace(AGIInventoryObjects& items, AGIInventoryObjects& source) {
 }
 
 int Run(const ObjectsImportOptions& options) {
-    RefuseExtension(options.File, ".agw");
     AGIInventoryObjects source;
-    source.Load(options.File);
+    LoadListFile(source, options.File);
     OpenedGame game(options.Game, Access::Change);
     Replace(*game.Game().InventoryObjects(), source);
     game.Game().SaveProperties();

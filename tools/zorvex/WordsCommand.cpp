@@ -4,6 +4,7 @@
 #include "tools/zorvex/Commands.h"
 #include "tools/zorvex/GameText.h"
 #include "tools/zorvex/Json.h"
+#include "tools/zorvex/ListFiles.h"
 #include "tools/zorvex/OpenedGame.h"
 #include "zorvex/game/Text.h"
 
@@ -51,7 +52,13 @@ void PrintGroups(const AGIWordList& list) {
 }
 
 int Show(AGIWordList& list, const WordsOptions& options) {
-    if (!options.Output.empty()) list.Export(options.Output, FileTypeOf(options.Output));
+    if (!options.Output.empty()) {
+        try {
+            list.Export(options.Output, FileTypeOf(options.Output));
+        } catch (const Error& error) {
+            throw WithUnwritableWord(error, list);
+        }
+    }
     if (options.Json) {
         PrintJson(JsonOf(list));
     } else if (options.Output.empty()) {
@@ -63,9 +70,8 @@ int Show(AGIWordList& list, const WordsOptions& options) {
 int Run(const WordsOptions& options) {
     if (!options.Output.empty()) FileTypeOf(options.Output);  // a wrong name is told before anything is read
     if (!NamesGame(options.Source)) {
-        RefuseExtension(options.Source, ".ago");
         AGIWordList list;
-        list.Load(options.Source);
+        LoadListFile(list, options.Source);
         list.IsDirty(true);  // written even onto the file that it came from
         return Show(list, options);
     }

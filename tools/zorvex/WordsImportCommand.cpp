@@ -1,6 +1,6 @@
 // zorvex words-import: another vocabulary for a game.
 #include "tools/zorvex/Commands.h"
-#include "tools/zorvex/GameText.h"
+#include "tools/zorvex/ListFiles.h"
 #include "tools/zorvex/OpenedGame.h"
 
 namespace zorvex::tool {
@@ -26,13 +26,16 @@ void Replace(AGIWordList& words, AGIWordList& source) {
     source.IsDirty(true);
     words.SetWords(source);
     words.Description(wanted);
-    words.Save();
+    try {
+        words.Save();
+    } catch (const Error& error) {
+        throw WithUnwritableWord(error, words);
+    }
 }
 
 int Run(const WordsImportOptions& options) {
-    RefuseExtension(options.File, ".ago");
     AGIWordList source;
-    source.Load(options.File);
+    LoadListFile(source, options.File);
     OpenedGame game(options.Game, Access::Change);
     Replace(*game.Game().VocabularyWords(), source);
     game.Game().SaveProperties();

@@ -182,8 +182,8 @@ bool AGIInventoryObjects::TakeFile(ByteView bytes) {
     return TakeDecoded(DecodeObjectFile(bytes));
 }
 
-bool AGIInventoryObjects::TakeText(ByteView bytes) {
-    return TakeDecoded(DecodeObjectText(bytes));
+bool AGIInventoryObjects::TakeText(ByteView bytes, std::int32_t& badLine) {
+    return TakeDecoded(DecodeObjectText(bytes, &badLine));
 }
 
 ByteArray AGIInventoryObjects::FileBytes() const {

@@ -79,7 +79,7 @@ class AGIInventoryObjects : public GameList {
     InventoryData Contents() const;
 
     bool TakeFile(ByteView bytes) override;
-    bool TakeText(ByteView bytes) override;
+    bool TakeText(ByteView bytes, std::int32_t& badLine) override;
     ByteArray FileBytes() const override;
     ByteArray TextBytes() const override;
     void Reset() override;

@@ -170,8 +170,8 @@ bool AGIWordList::TakeFile(ByteView bytes) {
     return TakeDecoded(DecodeWordsFile(bytes));
 }
 
-bool AGIWordList::TakeText(ByteView bytes) {
-    return TakeDecoded(DecodeWordsText(bytes));
+bool AGIWordList::TakeText(ByteView bytes, std::int32_t& badLine) {
+    return TakeDecoded(DecodeWordsText(bytes, &badLine));
 }
 
 ByteArray AGIWordList::FileBytes() const {

@@ -105,7 +105,7 @@ class AGIWordList : public GameList {
     bool TakeDecoded(const std::optional<VocabularyData>& data);
 
     bool TakeFile(ByteView bytes) override;
-    bool TakeText(ByteView bytes) override;
+    bool TakeText(ByteView bytes, std::int32_t& badLine) override;
     ByteArray FileBytes() const override;
     ByteArray TextBytes() const override;
     void Reset() override;

@@ -100,6 +100,7 @@ void GameList::Load(std::string_view loadFile) {
 
 void GameList::Load(std::string& loadFile) {
     if (loaded_) RaiseCatalogue(511, family_.ErrorSource);
+    loadErrorLine_ = 0;
     if (inGame_) {
         loadFile = GameFile(family_.FileName);
         LoadFromGame();
@@ -111,7 +112,8 @@ void GameList::Load(std::string& loadFile) {
 
 bool GameList::TryTake(ByteView bytes, bool asText) {
     bool taken = false;
-    const std::optional<Error> error = Attempt([&] { taken = asText ? TakeText(bytes) : TakeFile(bytes); });
+    const std::optional<Error> error =
+        Attempt([&] { taken = asText ? TakeText(bytes, loadErrorLine_) : TakeFile(bytes); });
     if (error && family_.ToldError != 0 && error->Is(family_.ToldError)) throw Error(*error);
     return taken;
 }
@@ -133,6 +135,7 @@ void GameList::LoadFromFile(std::string_view loadFile) {
     if (!TryTake(bytes, textFirst) && !TryTake(bytes, !textFirst)) {
         RaiseCatalogue(family_.UnreadableError, family_.ErrorSource);
     }
+    loadErrorLine_ = 0;  // the second form may have been the right one
     resFile_ = std::move(file);
 }
 

@@ -40,6 +40,8 @@ class GameList {
     /// list is not loaded.
     void Load(std::string& loadFile);
     void Load(std::string_view loadFile = {});
+    /// The number of the line, from 1, at which the last Load could not read on in a text form; else 0.
+    std::int32_t LoadErrorLine() const { return loadErrorLine_; }
     /// Writes the list. That of a game goes to its file; a stand-alone list goes to the file given, or to
     /// ResFile, in the interpreter's form (file type 0) or as text (1), and ResFile becomes that file. A list
     /// that has not changed since it was written to the same file in the interpreter's form is not written
@@ -89,7 +91,7 @@ class GameList {
     /// Takes the contents of a file's bytes; false, with the list as it was, when they are not in that form,
     /// for which a fault counts as well.
     virtual bool TakeFile(ByteView bytes) = 0;
-    virtual bool TakeText(ByteView bytes) = 0;
+    virtual bool TakeText(ByteView bytes, std::int32_t& badLine) = 0;
     /// The bytes of the contents in either form. An error of the list's own number passes as it is.
     virtual ByteArray FileBytes() const = 0;
     virtual ByteArray TextBytes() const = 0;
@@ -109,6 +111,7 @@ class GameList {
     bool inGame_ = false;
     bool isDirty_ = false;
     bool loaded_ = false;
+    std::int32_t loadErrorLine_ = 0;
 };
 
 }  // namespace zorvex

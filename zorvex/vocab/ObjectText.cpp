@@ -24,13 +24,16 @@ InventoryData::Item ItemOf(std::string_view line) {
 
 }  // namespace
 
-std::optional<InventoryData> DecodeObjectText(ByteView bytes) {
+std::optional<InventoryData> DecodeObjectText(ByteView bytes, std::int32_t* badLine) {
     TextFormReader reader(bytes);
     if (reader.AtEnd() || !reader.TakeVersion() || reader.AtEnd()) return std::nullopt;
     InventoryData data;
     data.MaxScreenObjects = ByteValue(reader.NextLine(), 1);
     for (std::string_view line; reader.NextEntry(line);) {
-        if (data.Items.size() == MaxItems) return std::nullopt;
+        if (data.Items.size() == MaxItems) {
+            if (badLine != nullptr) *badLine = reader.LineNumber();
+            return std::nullopt;
+        }
         data.Items.push_back(ItemOf(line));
     }
     data.Description = reader.Description();

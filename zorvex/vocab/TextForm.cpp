@@ -23,6 +23,7 @@ TextFormReader::TextFormReader(ByteView bytes)
     : rest_(reinterpret_cast<const char*>(bytes.data()), bytes.size()) {}
 
 std::string_view TextFormReader::NextLine() {
+    ++lineNumber_;
     const std::size_t end = rest_.find_first_of("\r\n");
     const std::string_view line = rest_.substr(0, end);
     rest_.remove_prefix(line.size());

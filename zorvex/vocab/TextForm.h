@@ -2,6 +2,7 @@
 // the end, behind a line of two bytes FF (hexadecimal), the description.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -20,6 +21,8 @@ class TextFormReader {
     explicit TextFormReader(ByteView bytes);
 
     bool AtEnd() const { return rest_.empty(); }
+    /// How many lines have been taken, which is the number of the last one.
+    std::int32_t LineNumber() const { return lineNumber_; }
     /// The next line without its end; empty at the end of the file.
     std::string_view NextLine();
     /// Takes the first line; true when it names a version of this form, of this library or of an older one.
@@ -32,6 +35,7 @@ class TextFormReader {
 
   private:
     std::string_view rest_;
+    std::int32_t lineNumber_ = 0;
 };
 
 /// Builds a text form.

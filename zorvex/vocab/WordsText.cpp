@@ -32,13 +32,14 @@ std::optional<std::int32_t> GroupNumber(std::string_view field) {
 
 }  // namespace
 
-std::optional<VocabularyData> DecodeWordsText(ByteView bytes) {
+std::optional<VocabularyData> DecodeWordsText(ByteView bytes, std::int32_t* badLine) {
     TextFormReader reader(bytes);
     if (reader.AtEnd() || !reader.TakeVersion()) return std::nullopt;
     VocabularyData data;
     std::unordered_set<std::string> words;
     std::unordered_set<std::int32_t> groups;
     for (std::string_view line; reader.NextEntry(line);) {
+        if (badLine != nullptr) *badLine = reader.LineNumber();
         const std::size_t tabs = static_cast<std::size_t>(std::count(line.begin(), line.end(), '\t'));
         if (tabs == 0) continue;
         const std::optional<std::int32_t> group = GroupNumber(TakeField(line));
@@ -49,6 +50,7 @@ std::optional<VocabularyData> DecodeWordsText(ByteView bytes) {
             data.Words.push_back({std::move(word), *group});
         }
     }
+    if (badLine != nullptr) *badLine = 0;
     data.Description = reader.Description();
     ArrangeVocabulary(data);
     return data;
