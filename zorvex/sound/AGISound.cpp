@@ -21,6 +21,9 @@ constexpr std::int32_t defaultTPQN = 16;
 constexpr std::int32_t minTPQN = 4;
 constexpr std::int32_t maxTPQN = 64;
 constexpr std::size_t maxIDLength = 64;
+constexpr std::string_view instrumentKey = "Inst";
+constexpr std::string_view muteKey = "Mute";
+constexpr std::string_view visibleKey = "Visible";
 constexpr std::int32_t cannotConvert = ObjectErrorBase + 596;
 
 std::int32_t WholeQuarters(std::int32_t ticks) {
@@ -50,10 +53,8 @@ AGISound::AGISound() : GameResource(rtSound, SourceText) {
     Resource().SetAllData(EmptySoundBytes());
     NewTracks(DefaultInstrument);
     resourceChanged_ = Resource().Change.Subscribe([this] {
-        DataDirty(true);
+        NotesChanged();
         tracksSet_ = false;
-        outputSet_ = false;
-        length_ = -1;
     });
 }
 
@@ -142,11 +143,11 @@ void AGISound::LoadTracks() {
             if (InGame()) {
                 if (t != NoiseTrack) {
                     const std::uint8_t instrument =
-                        ReadGameByte(Section(), Numbered("Inst", t), DefaultInstrument);
+                        ReadGameByte(Section(), Numbered(instrumentKey, t), DefaultInstrument);
                     values.Instrument = instrument < 128 ? instrument : DefaultInstrument;
                 }
-                values.Muted = ReadGameBool(Section(), Numbered("Mute", t), false);
-                values.Visible = ReadGameBool(Section(), Numbered("Visible", t), true);
+                values.Muted = ReadGameBool(Section(), Numbered(muteKey, t), false);
+                values.Visible = ReadGameBool(Section(), Numbered(visibleKey, t), true);
             } else {
                 values.Visible = true;
             }
@@ -212,18 +213,15 @@ float AGISound::ComputeLength() {
 // --- The converted form ---
 void AGISound::BuildSoundOutput() {
     const auto failed = Attempt([&] {
-        switch (sndFormat_) {
-            case skPCjr:
-                EnsureTracks();
-                output_ = BuildMIDI(TrackValues());
-                if (length_ == -1) length_ = ComputeLength();
-                break;
-            case skIIgsPCM:
-                output_ = BuildIIgsPCM(Resource().View());
-                if (length_ == -1) length_ = ComputeLength();
-                break;
-            default: output_ = BuildIIgsMIDI(Resource().View(), length_); break;
+        if (sndFormat_ == skPCjr) {
+            EnsureTracks();
+            output_ = BuildMIDI(TrackValues());
+        } else if (sndFormat_ == skIIgsPCM) {
+            output_ = BuildIIgsPCM(Resource().View());
+        } else {
+            output_ = BuildIIgsMIDI(Resource().View(), length_);
         }
+        if (length_ == -1) length_ = ComputeLength();
     });
     if (failed) RaiseCatalogue(596, ErrorSource());
     outputSet_ = true;
@@ -304,38 +302,31 @@ void AGISound::SetSound(const AGISound& copySound) {
 }
 
 void AGISound::WriteNumberedProperties() const {
-    const auto write = [this](std::string_view key, std::string_view value) { WriteKey(key, value, false); };
-    WriteKey("ID", ID());
-    write("Description", Description());
-    write("Key", std::to_string(key_));
-    write("TPQN", std::to_string(tpqn_));
-    if (tracks_[0] == nullptr) return;
-    for (std::size_t t = 0; t < TrackCount; ++t)
-        write(Numbered("Visible", t), BoolText(tracks_[t]->Visible()));
-    for (std::size_t t = 0; t < NoiseTrack; ++t) {
-        write(Numbered("Inst", t), std::to_string(tracks_[t]->Instrument()));
-    }
-    for (std::size_t t = 0; t < TrackCount; ++t)
-        write(Numbered("Mute", t), BoolText(tracks_[t]->Muted()));
+    WriteSettings({visibleKey, instrumentKey, muteKey}, false);
 }
 
-void AGISound::WriteSettings() {
+// A sound that is not loaded has no settings of its tracks to tell.
+void AGISound::WriteSettings(const std::array<std::string_view, 3>& trackKeys, bool keyInGroup) const {
     WriteKey("ID", ID());
     WriteKey("Description", Description(), false);
-    WriteKey("Key", std::to_string(key_));
+    WriteKey("Key", std::to_string(key_), keyInGroup);
     WriteKey("TPQN", std::to_string(tpqn_), false);
-    if (tracks_[0] == nullptr) return;  // a sound that is not loaded has no settings of its tracks to tell
-    for (std::size_t t = 0; t < NoiseTrack; ++t)
-        WriteKey(Numbered("Inst", t), std::to_string(tracks_[t]->Instrument()), false);
-    for (std::size_t t = 0; t < TrackCount; ++t)
-        WriteKey(Numbered("Mute", t), BoolText(tracks_[t]->Muted()), false);
-    for (std::size_t t = 0; t < TrackCount; ++t)
-        WriteKey(Numbered("Visible", t), BoolText(tracks_[t]->Visible()), false);
+    if (tracks_[0] == nullptr) return;
+    for (const std::string_view key : trackKeys) {
+        for (std::size_t t = 0; t < (key == instrumentKey ? NoiseTrack : TrackCount); ++t) {
+            const AGITrack& track = *tracks_[t];
+            WriteKey(Numbered(key, t),
+                     key == instrumentKey
+                         ? std::to_string(track.Instrument())
+                         : std::string(BoolText(key == muteKey ? track.Muted() : track.Visible())),
+                     false);
+        }
+    }
 }
 
 void AGISound::Save(std::string_view saveFile) {
     if (InGame() && WritePropState()) {
-        WriteSettings();
+        WriteSettings({instrumentKey, muteKey, visibleKey}, true);
         WritePropState(false);
     }
     RequireLoaded();

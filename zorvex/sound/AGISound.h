@@ -142,7 +142,7 @@ class AGISound : public GameResource, public std::enable_shared_from_this<AGISou
     std::array<TrackData, 4> TrackValues() const;
     void BuildSoundOutput();
     float ComputeLength();
-    void WriteSettings();
+    void WriteSettings(const std::array<std::string_view, 3>& trackKeys, bool keyInGroup) const;
     void ExportAs(SoundFormat format, const std::string& path, bool resetDirty);
     void ExportOutput(const std::string& path);
     void ExportScript(const std::string& path, bool resetDirty);

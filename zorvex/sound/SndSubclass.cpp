@@ -6,13 +6,13 @@
 #include "zorvex/game/Text.h"
 #include "zorvex/platform/FileSystem.h"
 #include "zorvex/sound/AGISound.h"
+#include "zorvex/sound/SoundData.h"
 
 namespace zorvex {
 
 namespace {
 
 constexpr std::int32_t openFailed = ObjectErrorBase + 678;
-constexpr std::int32_t kindOfSample = 2;
 
 }  // namespace
 
@@ -32,7 +32,7 @@ void frmSndSubclass::PlaySound(AGISound& sound) {
     std::string path = file_;
     Attempt([&] { path = Files().ShortPath(file_); });
     media_ = MediaInUse();
-    const std::string_view device = sound.SndFormat() == kindOfSample ? "waveaudio" : "sequencer";
+    const std::string_view device = sound.SndFormat() == skIIgsPCM ? "waveaudio" : "sequencer";
     const std::int32_t opened =
         media_->SendString("open " + path + " type " + std::string(device) + " alias " + alias, nullptr);
     if (opened != 0) {

@@ -29,13 +29,10 @@ std::span<const std::uint8_t, recordSize> RecordAt(ByteView bytes, std::int64_t 
     return bytes.subspan(static_cast<std::size_t>(pos)).first<recordSize>();
 }
 
-NoteData ToneNote(std::span<const std::uint8_t, recordSize> record) {
-    return {static_cast<std::int16_t>((record[2] & 0x3F) * 16 + (record[3] & 0x0F)),
-            record[0] + 256 * record[1], static_cast<std::int16_t>(record[4] & 0x0F)};
-}
-
-NoteData NoiseNote(std::span<const std::uint8_t, recordSize> record) {
-    return {static_cast<std::int16_t>(record[3] & 7), record[0] + 256 * record[1],
+NoteData NoteAt(ByteView bytes, std::int64_t pos, bool isNoise) {
+    const auto record = RecordAt(bytes, pos);
+    const int divisor = isNoise ? record[3] & 7 : (record[2] & 0x3F) * 16 + (record[3] & 0x0F);
+    return {static_cast<std::int16_t>(divisor), record[0] + 256 * record[1],
             static_cast<std::int16_t>(record[4] & 0x0F)};
 }
 
@@ -48,7 +45,7 @@ NoteList DecodeTone(ByteView bytes, std::int32_t track) {
     NoteList notes;
     if (start <= end) notes.reserve(static_cast<std::size_t>((end - start) / recordSize + 1));
     for (std::int32_t pos = start; pos <= end; pos += recordSize)
-        notes.push_back(ToneNote(RecordAt(bytes, pos)));
+        notes.push_back(NoteAt(bytes, pos, false));
     return notes;
 }
 
@@ -56,7 +53,7 @@ NoteList DecodeNoise(ByteView bytes) {
     const std::int64_t end = static_cast<std::int64_t>(bytes.size()) - lastRecord;
     NoteList notes;
     for (std::int64_t pos = WordAt(bytes, 2 * NoiseTrack); pos <= end; pos += recordSize) {
-        const NoteData note = NoiseNote(RecordAt(bytes, pos));
+        const NoteData note = NoteAt(bytes, pos, true);
         if (note.Duration > 0) notes.push_back(note);
     }
     return notes;
@@ -68,18 +65,15 @@ void AppendWord(ByteArray& bytes, std::int64_t value) {
     bytes.push_back(static_cast<std::uint8_t>(value >> 8));
 }
 
-void AppendTone(ByteArray& bytes, const NoteData& note, std::int32_t track) {
+// The high bits of the last two bytes are the voice's registers in the sound chip.
+void AppendNote(ByteArray& bytes, const NoteData& note, std::size_t track) {
+    const bool isNoise = track == NoiseTrack;
+    const int voice = 32 * static_cast<int>(track);
     AppendWord(bytes, note.Duration);
-    bytes.push_back(Narrow<std::uint8_t>(note.FreqDivisor / 16));
-    bytes.push_back(Narrow<std::uint8_t>((note.FreqDivisor & 0x0F) + 128 + 32 * track));
-    bytes.push_back(Narrow<std::uint8_t>(note.Attenuation + 144 + 32 * track));
-}
-
-void AppendNoise(ByteArray& bytes, const NoteData& note) {
-    AppendWord(bytes, note.Duration);
-    bytes.push_back(0);
-    bytes.push_back(Narrow<std::uint8_t>(note.FreqDivisor + 224));
-    bytes.push_back(Narrow<std::uint8_t>(note.Attenuation + 240));
+    bytes.push_back(isNoise ? std::uint8_t{0} : Narrow<std::uint8_t>(note.FreqDivisor / 16));
+    bytes.push_back(
+        Narrow<std::uint8_t>((isNoise ? note.FreqDivisor : note.FreqDivisor & 0x0F) + 128 + voice));
+    bytes.push_back(Narrow<std::uint8_t>(note.Attenuation + 144 + voice));
 }
 
 }  // namespace
@@ -120,13 +114,8 @@ ByteArray EncodeNotes(const SoundTracks& tracks) {
         AppendWord(bytes, offset);
     }
     for (std::size_t t = 0; t < TrackCount; ++t) {
-        for (const NoteData& note : tracks[t].Notes) {
-            if (t == NoiseTrack) {
-                AppendNoise(bytes, note);
-            } else {
-                AppendTone(bytes, note, static_cast<std::int32_t>(t));
-            }
-        }
+        for (const NoteData& note : tracks[t].Notes)
+            AppendNote(bytes, note, t);
         AppendWord(bytes, 0xFFFF);
     }
     return bytes;

@@ -18,7 +18,6 @@ constexpr std::uint8_t middleC = 0x3C;
 constexpr std::int32_t silentTicks = 4;  // a silent note of this length opens and closes each track
 
 constexpr double semitone = 0.0250858329719984;  // log10(2) / 12
-constexpr double toneClock = 111860;             // divided by a divisor this is the frequency in hertz
 constexpr double toneOffset = 36.5;
 constexpr double noiseClock = 2330.4296875;
 
@@ -80,6 +79,8 @@ class MidiWriter {
         Event(0, noteOn + channel, number, velocity);
         Event(duration, noteOff + channel, number, 0);
     }
+
+    void DropLast() { bytes_.pop_back(); }
 
     ByteArray Take() { return std::move(bytes_); }
 
@@ -174,7 +175,7 @@ class MidiBuilder {
     }
 
     static std::int32_t ToneNumber(std::int32_t divisor) {
-        return std::min(RoundedInt(Log10(toneClock / divisor) / semitone - toneOffset), 127);
+        return std::min(RoundedInt(Log10(ToneClock / divisor) / semitone - toneOffset), 127);
     }
 
     // Notes of the other kind of noise pass in silence, so that both chunks keep the same time.
@@ -221,25 +222,21 @@ class MidiBuilder {
 // that breaks off, or holds a message that has no place in a file, ends there.
 class IIgsReader {
   public:
-    explicit IIgsReader(ByteView resource) : resource_(resource) {
-        constexpr std::array<std::uint8_t, trackStart> header{'M', 'T', 'h', 'd', 0,   0,   0,   6, 0, 1, 0,
-                                                              1,   0,   30,  'M', 'T', 'r', 'k', 0, 0, 0, 0};
-        out_.reserve(resource.size() + 26);
-        out_.assign(header.begin(), header.end());
-    }
+    explicit IIgsReader(ByteView resource) : resource_(resource), writer_(resource.size() + 26) {}
 
     ByteArray Build(float& length) {
+        writer_.Header(1);
+        writer_.BeginTrack();
         if (resource_.size() > 2 && resource_[2] != endOfStream) {
             while (CopyEvent()) {
             }
         }
-        Finish();
+        writer_.EndTrack();
         length = static_cast<float>(ticks_) / 60.0F;
-        return std::move(out_);
+        return writer_.Take();
     }
 
   private:
-    static constexpr std::size_t trackStart = 22;
     static constexpr std::uint8_t endOfStream = 0xFC;
     static constexpr std::uint8_t timingClock = 0xF8;
 
@@ -247,12 +244,8 @@ class IIgsReader {
 
     bool CopyEvent() {
         const std::uint8_t delta = resource_[src_];
-        out_.push_back(delta);
-        if (delta >= 128) {
-            if (delta == endOfStream || delta == timingClock) return StepBack();
-            out_.back() = 0x81;
-            out_.push_back(delta & 127);
-        }
+        if (delta == endOfStream || delta == timingClock) return false;
+        writer_.Delta(delta);
         if (++src_ >= resource_.size()) return false;
         const std::uint8_t status = resource_[src_];
         if (status < 128) {
@@ -260,7 +253,7 @@ class IIgsReader {
         } else if (status == endOfStream) {
             return StepBack();
         } else {
-            out_.push_back(status);
+            writer_.Byte(status);
             status_ = status;
         }
         ticks_ += delta;
@@ -272,7 +265,7 @@ class IIgsReader {
         if (length == DataLength::Stop) return StepBack();
         if (length == DataLength::UpToEnd) {
             while (CopyByte()) {
-                if (out_.back() == 0xF7) return true;
+                if (resource_[src_] == 0xF7) return true;
             }
             return false;
         }
@@ -284,12 +277,13 @@ class IIgsReader {
 
     bool CopyByte() {
         if (++src_ >= resource_.size()) return false;
-        out_.push_back(resource_[src_]);
+        writer_.Byte(resource_[src_]);
         return true;
     }
 
+    // Takes back the byte written last, and ends.
     bool StepBack() {
-        out_.pop_back();
+        writer_.DropLast();
         return false;
     }
 
@@ -318,15 +312,8 @@ class IIgsReader {
         }
     }
 
-    void Finish() {
-        out_.insert(out_.end(), {0x00, 0xFF, 0x2F, 0x00});
-        const auto length = static_cast<std::uint32_t>(out_.size() - trackStart);
-        for (std::size_t i = 0; i < 4; ++i)
-            out_[trackStart - 4 + i] = static_cast<std::uint8_t>(length >> (24 - 8 * i));
-    }
-
     ByteView resource_;
-    ByteArray out_;
+    MidiWriter writer_;
     std::size_t src_ = 2;
     std::uint8_t status_ = 0;
     std::int64_t ticks_ = 0;

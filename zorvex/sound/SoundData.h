@@ -17,6 +17,9 @@ inline constexpr std::size_t TrackCount = 4;
 /// The track that drives the noise generator; the tracks before it are the three tone voices.
 inline constexpr std::size_t NoiseTrack = 3;
 
+/// A tone sounds at this divided by its divisor, in hertz.
+inline constexpr double ToneClock = 111860;
+
 /// The instrument with which a track begins: a square wave.
 inline constexpr std::uint8_t DefaultInstrument = 80;
 

@@ -8,7 +8,6 @@ namespace zorvex {
 
 namespace {
 
-constexpr double toneClock = 111860;
 constexpr std::int32_t noiseTypeUnknown = -1;
 constexpr std::int32_t whiteNoise = 4;
 
@@ -92,7 +91,7 @@ class ScriptReader {
         if (letter != "f") return std::nullopt;
         const double frequency = RoundHalfEven(Val(field));
         if (frequency == 0) return std::nullopt;
-        const double divisor = RoundHalfEven(toneClock / frequency);
+        const double divisor = RoundHalfEven(ToneClock / frequency);
         if (!(divisor >= 0 && divisor <= 1023)) return std::nullopt;
         return static_cast<std::int32_t>(divisor);
     }
