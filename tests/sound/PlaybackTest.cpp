@@ -60,19 +60,20 @@ TEST_F(Playback, SendsItsCommandsAndHearsOfTheEnd) {
     Post(NoticeSuccessful);  // nothing plays, so nobody is told
     EXPECT_EQ(told.size(), 1U);
 
-    onComplete = nullptr;
+    onComplete = [] { RaiseRuntime(reOverflow); };
     sound->PlaySound();
     Post(NoticeFailure);
     EXPECT_EQ(told, (std::vector<bool>{true, false}));
-}
-
-TEST_F(Playback, AFaultOfAHandlerDoesNotBlockTheNextSound) {
-    sound->PlaySound();
-    onComplete = [] { RaiseRuntime(reOverflow); };
-    Post(NoticeSuccessful);
-    onComplete = nullptr;
-    sound->PlaySound();
+    sound->PlaySound();  // a fault of a handler does not stand in the way
     sound->StopSound();
+
+    for (const auto& [bytes, device] : {std::pair("01 00 00 *60", "waveaudio"), {"02 00 FC", "sequencer"}}) {
+        LoadBytes(other, std::string_view(bytes));
+        other.PlaySound();
+        EXPECT_EQ(*(media->Commands.end() - 2),
+                  "open " + media->File + " type " + device + " alias NewSound");
+        other.StopSound();
+    }
 }
 
 TEST_F(Playback, StopsWithoutTellingAnybody) {
@@ -89,19 +90,6 @@ TEST_F(Playback, StopsWithoutTellingAnybody) {
     sound.reset();
     EXPECT_EQ(media->Commands.back(), "close all");
     EXPECT_EQ(PresentSoundPlayer(), nullptr);
-}
-
-TEST_F(Playback, SendsEachKindToItsDevice) {
-    AGISound sample;
-    LoadBytes(sample, "01 00 00 *60");
-    sample.PlaySound();
-    EXPECT_NE(media->Commands.front().find(" type waveaudio alias NewSound"), std::string::npos);
-    sample.StopSound();
-    media->Commands.clear();
-    AGISound sequence;
-    LoadBytes(sequence, "02 00 FC");
-    sequence.PlaySound();
-    EXPECT_NE(media->Commands.front().find(" type sequencer "), std::string::npos);
 }
 
 TEST_F(Playback, AFailedStartLeavesNothingPlaying) {
@@ -142,15 +130,11 @@ TEST(SilentMedia, TakesAsLongAsTheSound) {
     const auto before = UseMedia(MakeSilentMedia());
     AGISound sound;
     LoadBytes(sound, "02 00 06 90 3C 7F 03 80 3C 00 FC");  // 9 ticks
-    std::vector<bool> told;
-    const auto subscription = sound.SoundComplete.Subscribe([&](bool noError) { told.push_back(noError); });
     const auto start = std::chrono::steady_clock::now();
     sound.PlaySound();
     EXPECT_EQ(PumpNotices(), 0);
     EXPECT_EQ(PumpNotices(milliseconds(5000)), 1);
-    const auto taken = std::chrono::steady_clock::now() - start;
-    EXPECT_GE(taken, milliseconds(150));
-    EXPECT_EQ(told, std::vector<bool>{true});
+    EXPECT_GE(std::chrono::steady_clock::now() - start, milliseconds(150));
     sound.PlaySound();
     sound.StopSound();
     EXPECT_EQ(PumpNotices(milliseconds(200)), 0);

@@ -39,13 +39,32 @@ inline void LoadBytes(AGISound& sound, std::string_view text) {
     LoadBytes(sound, BytesOfText(text));
 }
 
-/// The notes of a track, as "divisor/attenuation/duration" with blanks between them.
+/// The notes of a track, as "divisor/attenuation/duration" with blanks between them; of all tracks with "; ".
 inline std::string NotesText(AGISound& sound, std::int32_t track) {
     std::string text;
     for (const auto& note : *sound.Track(track)->Notes()) {
         if (!text.empty()) text += ' ';
         text += std::to_string(note->FreqDivisor()) + "/" + std::to_string(note->Attenuation()) + "/" +
                 std::to_string(note->Duration());
+    }
+    return text;
+}
+
+inline std::string NotesText(AGISound& sound) {
+    return NotesText(sound, 0) + "; " + NotesText(sound, 1) + "; " + NotesText(sound, 2) + "; " +
+           NotesText(sound, 3);
+}
+
+/// The settings and notes of a sound, one line a track.
+inline std::string Summary(AGISound& sound) {
+    std::string text = "id=" + sound.ID() + " key=" + std::to_string(sound.Key()) +
+                       " tpqn=" + std::to_string(sound.TPQN()) + " description=[" + sound.Description() +
+                       "]\n";
+    for (std::int32_t t = 0; t < 4; ++t) {
+        const auto track = sound.Track(t);
+        text += std::to_string(t) + " instrument " + std::to_string(track->Instrument()) +
+                (track->Visible() ? " visible" : " hidden") + (track->Muted() ? " muted: " : ": ") +
+                NotesText(sound, t) + "\n";
     }
     return text;
 }
