@@ -183,18 +183,25 @@ TEST(Tool, RepairsWhatNeedsNoGuess) {
     game.Add(rtView, 3, {1, 1, 1, 13, 0, 7, 0, 1, 3, 0, 1, 1, 0, 0});
     game.Entry(rtLogic, 7, 3, 0);
     game.WriteTo(dir);
-    ByteArray words = dir.Read("WORDS.TOK");
-    words.pop_back();
+    // Two words that share no letter: the first and the second entry both begin with a zero byte.
+    ByteArray words(52);
+    words[1] = 52;
+    for (const int byte : {0, 0x9E, 0, 0, 0, 0x9D, 0, 2})
+        words.push_back(static_cast<std::uint8_t>(byte));
     dir.Write("WORDS.TOK", words);
+    dir.Write("SNDDIR", ByteArray{});
     EXPECT_EQ(RunTool({"verify", dir.Native()}).Status, 1);
     const TempDir out;
     const ToolRun repair = RunTool({"repair", dir.Native(), "-o", out.Native() + "/fixed", "--json"});
     EXPECT_EQ(repair.Status, 0) << repair.Diagnostics;
-    EXPECT_EQ(json::parse(repair.Output).size(), 4U) << repair.Output;
+    EXPECT_EQ(json::parse(repair.Output).size(), 5U) << repair.Output;
     const ToolRun verified = RunTool({"verify", out.Native() + "/fixed"});
     EXPECT_EQ(verified.Status, 0) << verified.Output << verified.Diagnostics;
     EXPECT_TRUE(out.Exists("fixed/VOL.0.OLD"));
     EXPECT_TRUE(out.Exists("fixed/LOGDIR.OLD"));
+    out.Remove("fixed/LOGDIR");
+    const ToolRun failed = RunTool({"repair", out.Native() + "/fixed"});
+    EXPECT_NE(failed.Diagnostics.find("(" + out.Native() + "/fixed/LOGDIR)"), std::string::npos);
 }
 
 }  // namespace

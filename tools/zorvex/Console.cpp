@@ -62,6 +62,8 @@ std::string ShownText(std::string_view text) {
     for (const ScratchName& name : ScratchNames()) {
         const std::string inner = InnerPath(name.scratch);
         for (std::size_t at = shown.find(inner); at != std::string::npos; at = shown.find(inner, at + 1)) {
+            // A game's own directory may have a name as short as "."; only a path goes on after it.
+            if (name.scratch == name.original && shown.substr(at + inner.size(), 1) != "\\") continue;
             // The rest of the path, up to a character that ends it, gets the system's separators too.
             std::size_t end = at + inner.size();
             while (end < shown.size() &&

@@ -54,7 +54,13 @@ bool NamesGame(const std::string& path) {
 
 OpenedGame::OpenedGame(const std::string& path, Access access) {
     Locate(path);
-    if (access == Access::Look) CopyToScratch();
+    if (access == Access::Look) {
+        CopyToScratch();
+    } else {
+        // Its own paths are shown with the system's separators all the same.
+        for (const fs::path& form : {directory_, fs::absolute(directory_)})
+            ShowScratchAs(form.string(), directory_.string());
+    }
     MendEmptyDirectories(access);
     const std::vector<SkippedResource> entries = UsedEntries(directory_);
     const std::uintmax_t logBefore = SizeOf(LogPathOf(directory_));
@@ -107,6 +113,7 @@ void OpenedGame::MendEmptyDirectories(Access access) {
             fs::rename(file, backup);
         }
         std::ofstream(file, std::ios::binary) << "\xFF\xFF\xFF";
+        mendedDirectories_.push_back(file.filename().string());
         SayNote(file.filename().string() + " has no bytes; it is taken as a directory with one empty entry" +
                 (access == Access::Change ? ", and the former file is kept as .OLD" : ""));
     }

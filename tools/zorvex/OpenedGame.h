@@ -55,6 +55,8 @@ class OpenedGame {
     const std::vector<std::string>& Warnings() const { return warnings_; }
     /// Entries of the directory files that the load blanked because their resources are bad.
     const std::vector<SkippedResource>& Skipped() const { return skipped_; }
+    /// Names of the directory files that had no bytes.
+    const std::vector<std::string>& MendedDirectories() const { return mendedDirectories_; }
 
   private:
     void Locate(const std::string& path);
@@ -70,6 +72,7 @@ class OpenedGame {
     std::unique_ptr<AGIGame> game_;
     std::vector<std::string> warnings_;
     std::vector<SkippedResource> skipped_;
+    std::vector<std::string> mendedDirectories_;
 };
 
 /// True when a path names a game: a directory, or a file with the extension .zvg.

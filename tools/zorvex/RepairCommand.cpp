@@ -34,6 +34,8 @@ void Declare(CLI::App& command, RepairOptions& options) {
 class Repair {
   public:
     explicit Repair(OpenedGame& opened) {
+        for (const std::string& file : opened.MendedDirectories())
+            Tell(file + ": had no bytes and was given one empty entry");
         // What the load itself has mended: entries of resources that cannot be read.
         for (const SkippedResource& skipped : opened.Skipped()) {
             Tell(TypeName(skipped.Type) + " " + std::to_string(skipped.Number) +
@@ -84,10 +86,7 @@ class Repair {
         if (bytes.size() <= indexLength) return false;
         std::size_t pos = static_cast<std::size_t>(bytes[0]) * 256 + bytes[1];
         if (pos < indexLength) return false;
-        bool first = true;
         while (pos < bytes.size()) {
-            if (!first && bytes[pos] == 0) return false;
-            first = false;
             ++pos;
             while (pos < bytes.size() && bytes[pos] < 0x80)
                 ++pos;

@@ -44,6 +44,9 @@ class Verification {
     }
 
     void Run() {
+        if (!game_.Logics().Exists(0)) {
+            faults_.push_back({true, "game", "there is no logic 0, which an interpreter runs first"});
+        }
         std::size_t total = 0;
         for (const AGIResType type : listedTypes)
             total += static_cast<std::size_t>(CollectionOf(type)->Count());
