@@ -151,11 +151,10 @@ TEST(SilentMedia, TellsWhatItCannotDo) {
     };
     dir.Write("a file type x.mid", BytesOfText("\"MThd\" 00 00"));
     const std::string path = dir.File("a file type x.mid");
-    EXPECT_NE(code("open " + path + " type tape alias a"), 0);
-    EXPECT_NE(code("open " + dir.File("missing") + " type sequencer alias a"), 0);
-    EXPECT_NE(code("open"), 0);
-    EXPECT_NE(code("play a notify"), 0);
-    EXPECT_NE(code("rewind a"), 0);
+    for (const std::string& bad : {"open " + path + " type tape alias a", std::string("open"),
+                                   "open " + dir.File("missing") + " type sequencer alias a",
+                                   std::string("play a notify"), std::string("rewind a")})
+        EXPECT_NE(code(bad), 0) << bad;
     EXPECT_EQ(code("open " + path + " type sequencer alias a"), 0);
     EXPECT_EQ(code("play A notify"), 0);
     EXPECT_EQ(code("close all"), 0);

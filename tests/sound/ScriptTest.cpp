@@ -113,11 +113,8 @@ TEST(Export, CountsTheSoundAsSavedWhereStated) {
         sound.Export(dir.File("x"), format, reset);
         return sound.DataDirty();
     };
-    EXPECT_TRUE(dirtyAfter(sfMIDI, true));
-    EXPECT_TRUE(dirtyAfter(sfAGI, false));
-    EXPECT_FALSE(dirtyAfter(sfAGI, true));
-    EXPECT_TRUE(dirtyAfter(sfScript, false));
-    EXPECT_FALSE(dirtyAfter(sfScript, true));
+    EXPECT_TRUE(dirtyAfter(sfMIDI, true) && dirtyAfter(sfAGI, false) && dirtyAfter(sfScript, false));
+    EXPECT_FALSE(dirtyAfter(sfAGI, true) || dirtyAfter(sfScript, true));
 }
 
 TEST(Import, ReadsRawResourcesAndRefusesScraps) {
