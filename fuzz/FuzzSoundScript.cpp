@@ -1,5 +1,6 @@
 // Sound scripts: whatever can be read comes back from the script written of it.
 #include "fuzz/Check.h"
+#include "zorvex/game/HostText.h"
 #include "zorvex/sound/SoundScript.h"
 
 namespace {
@@ -19,7 +20,7 @@ SoundTracks TracksOf(const SoundScript& script) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const SoundScript script = ReadSoundScript(ScriptText(ByteView(data, size)));
+    const SoundScript script = ReadSoundScript(HostTextOf({reinterpret_cast<const char*>(data), size}));
     for (std::size_t t = 0; t < TrackCount; ++t) {
         for (const NoteData& note : script.Tracks[t].Notes) {
             FUZZ_CHECK(note.FreqDivisor >= 0 && note.FreqDivisor <= 1023);
@@ -45,6 +46,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         FUZZ_CHECK(t == NoiseTrack || back[t].Instrument == tracks[t].Instrument);
         FUZZ_CHECK(back[t].Muted == tracks[t].Muted && back[t].Visible == tracks[t].Visible);
     }
-    FUZZ_CHECK(WriteSoundScript(back, again.Description.value_or(""), 16).size() > 0);
+    FUZZ_CHECK(again.Description == script.Description.value_or(""));
+    FUZZ_CHECK(WriteSoundScript(back, *again.Description, *again.TPQN) == text);
     return 0;
 }

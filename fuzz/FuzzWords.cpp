@@ -31,11 +31,16 @@ ByteArray TryEncode(const VocabularyData& data) {
     }
 }
 
+/// What is refused in the middle of a text form is refused at a line of it.
 std::optional<VocabularyData> TryText(ByteView bytes) {
+    std::int32_t badLine = 0;
     try {
-        return DecodeWordsText(bytes);
+        const auto words = DecodeWordsText(bytes, &badLine);
+        FUZZ_CHECK(!words || badLine == 0);
+        FUZZ_CHECK(badLine == 0 || badLine > 1);
+        return words;
     } catch (const Error& error) {
-        FUZZ_CHECK(error.Is(579));
+        FUZZ_CHECK(error.Is(579) && badLine > 1);
         return std::nullopt;
     }
 }

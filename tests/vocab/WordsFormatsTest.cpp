@@ -94,7 +94,7 @@ TEST(WordsText, ReadsOlderVersionsAndAnyLineEnd) {
                   (std::vector<AGIWord>{{"get", 5}, {"take", 5}, {"x", 7}}));
     }
     EXPECT_EQ(FromText("2.1.1\n"), DefaultVocabulary());
-    EXPECT_EQ(FromText("2.1.1\n\xFF\xFF\n\nmine\n").Description, "\rmine");
+    EXPECT_EQ(FromText("2.1.1\n\xFF\xFF\n\nfor \xE9t\xE9\n").Description, "\rfor \u00E9t\u00E9");
     EXPECT_EQ(CharacterCount(FromText("2.1.1\n\xFF\xFF\n" + std::string(3000, '\xE9')).Description), 1024U);
     for (const char* other : {"", "2.1.0\n0\ta", "2.1.1 \n0\ta", "ZORVEX v1.2\n0\ta"})
         EXPECT_FALSE(DecodeWordsText(Bytes(other))) << other;

@@ -4,6 +4,7 @@
 #include "zorvex/game/Faults.h"
 #include "zorvex/game/GameProperties.h"
 #include "zorvex/game/Helpers.h"
+#include "zorvex/game/HostText.h"
 #include "zorvex/game/Text.h"
 #include "zorvex/platform/FileSystem.h"
 #include "zorvex/platform/WholeFile.h"
@@ -420,7 +421,7 @@ bool AGISound::ImportScript(ByteView file) {
     // A sound that is not loaded becomes the script's as well; there is nothing of it to keep.
     if (!Loaded()) Resource().SetAllData(EmptySoundBytes());
     Clear();
-    const SoundScript script = ReadSoundScript(ScriptText(file));
+    const SoundScript script = ReadSoundScript(HostTextOf(std::string(file.begin(), file.end())));
     if (script.Description) description_ = *script.Description;
     tpqn_ = script.TPQN.value_or(tpqn_);
     key_ = script.Key.value_or(key_);

@@ -211,18 +211,4 @@ std::string WriteSoundScript(const SoundTracks& tracks, std::string_view descrip
     return writer.Take();
 }
 
-std::string ScriptText(ByteView file) {
-    constexpr char32_t malformed = 0xFFFD;
-    const std::string bytes(file.begin(), file.end());
-    for (std::string_view rest = bytes; !rest.empty();) {
-        const std::size_t before = rest.size();
-        if (TakeCharacter(rest) != malformed || before - rest.size() > 1) continue;
-        std::string text;
-        for (const std::uint8_t byte : file)
-            AppendCharacter(text, byte);
-        return text;
-    }
-    return bytes;
-}
-
 }  // namespace zorvex

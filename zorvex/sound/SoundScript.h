@@ -35,7 +35,4 @@ SoundScript ReadSoundScript(std::string_view text);
 /// The script of a sound; lines end in CR LF. A line end inside the description becomes a blank.
 std::string WriteSoundScript(const SoundTracks& tracks, std::string_view description, std::int32_t tpqn);
 
-/// The bytes of a script file as host text: UTF-8 where they are that, else one character a byte.
-std::string ScriptText(ByteView file);
-
 }  // namespace zorvex

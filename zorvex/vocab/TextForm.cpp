@@ -1,9 +1,9 @@
 #include "zorvex/vocab/TextForm.h"
 
 #include <algorithm>
-
 #include <array>
 
+#include "zorvex/game/HostText.h"
 #include "zorvex/game/LibraryState.h"
 #include "zorvex/game/Text.h"
 
@@ -53,7 +53,7 @@ std::string TextFormReader::Description() {
         if (!first) text.push_back('\r');
         text.append(NextLine());
     }
-    return CutCharacters(text, MaxDescription);
+    return CutCharacters(HostTextOf(text), MaxDescription);
 }
 
 TextFormWriter::TextFormWriter() {

@@ -30,7 +30,7 @@ class TextFormReader {
     /// Takes the next line into `line`; false at the end of the file and at the line that ends the list,
     /// which is taken.
     bool NextEntry(std::string_view& line);
-    /// The lines left, joined by carriage returns and cut to the longest description.
+    /// The lines left, joined by carriage returns and cut to the longest description, as host text.
     std::string Description();
 
   private:
