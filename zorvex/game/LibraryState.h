@@ -27,6 +27,8 @@ class AGILogicSourceSettings;
 class AGICommands;
 class AGITestCommands;
 class GlobalDefineTable;
+class HeldVolumes;
+class NewVolume;
 class ReservedTables;
 class ResourceIDTable;
 class StringList;
@@ -96,10 +98,11 @@ struct LibraryState {
 
     // A rebuild of the game's volumes, used while CompileActive.
     std::string TargetDir;
+    std::shared_ptr<HeldVolumes> Volumes;  // while all resources of a game are read one after the other
     std::int32_t CurrentVol = 0;
     std::int32_t CurrentLoc = 0;
     std::array<std::array<std::uint8_t, 768>, 4> NewDirData{};  // by AGIResType, three bytes an entry
-    std::string NewVolFile;                                     // path of the volume being written
+    std::shared_ptr<NewVolume> NewVolFile;                      // the volume being written
 
     // What the compiler keeps across compiles.
     bool ResourceIDsValid = false;

@@ -9,6 +9,7 @@
 #include "zorvex/platform/FileSystem.h"
 #include "zorvex/storage/ResourceFunctions.h"
 #include "zorvex/storage/VolManager.h"
+#include "zorvex/storage/VolumeFiles.h"
 
 namespace zorvex {
 
@@ -298,11 +299,14 @@ void AGIResource::Load() {
     const std::string path = inGame_ ? VolumePath(volume_) : resFile_;
     if (path.empty()) RaiseCatalogue(626, ErrorSource);
     const std::string name = JustFileName(path);
-    if (!FileExists(path)) RaiseCatalogue(606, ErrorSource, name);
+    const ByteArray* held = inGame_ ? HeldVolume(path) : nullptr;
+    if (held == nullptr && !FileExists(path)) RaiseCatalogue(606, ErrorSource, name);
     curPos_ = 0;
     endOfResource_ = false;
     const bool isV3 = inGame_ && Library().IsV3;
-    StoredResource stored = inGame_ ? ReadStoredResource(path, name, loc_, isV3) : ReadStoredFile(path, name);
+    StoredResource stored = held != nullptr ? StoredResourceIn(*held, name, loc_, isV3)
+                            : inGame_       ? ReadStoredResource(path, name, loc_, isV3)
+                                            : ReadStoredFile(path, name);
     size_ = static_cast<std::int32_t>(stored.data.size());
     if (isV3) ExpandStored(stored, resType_, name);
     data_ = std::move(stored.data);

@@ -13,6 +13,7 @@
 #include "zorvex/storage/ResourceCollection.h"
 #include "zorvex/storage/V3Directory.h"
 #include "zorvex/storage/VolManager.h"
+#include "zorvex/storage/VolumeFiles.h"
 
 namespace zorvex {
 
@@ -186,6 +187,7 @@ class Extraction {
 }  // namespace
 
 bool ExtractResources() {
+    const HoldingVolumes holding;
     return Extraction().Run();
 }
 

@@ -19,6 +19,7 @@
 #include "zorvex/storage/NewDirectories.h"
 #include "zorvex/storage/ResourceCollection.h"
 #include "zorvex/storage/VolManager.h"
+#include "zorvex/storage/VolumeFiles.h"
 #include "zorvex/vocab/AGIInventoryObjects.h"
 #include "zorvex/vocab/AGIWordList.h"
 
@@ -74,8 +75,7 @@ class GameCompile {
             Check();
             if (!rebuildOnly_) CompileLists();
             StartVolumes();
-            for (const AGIResType type : {rtLogic, rtPicture, rtView, rtSound})
-                AddCollection(type);
+            AddCollections();
             Report(csDoneAdding);
             // What is sound but could not be read or written just now would be lost by the swap.
             if (fileFault_) throw *fileFault_;
@@ -159,13 +159,25 @@ class GameCompile {
         library.CurrentLoc = 0;
         for (auto& directory : library.NewDirData)
             directory.fill(255);
-        library.NewVolFile = targetDir_ + "NEW_VOL.0";
+        const std::string path = targetDir_ + "NEW_VOL.0";
+        library.NewVolFile = std::make_shared<NewVolume>(path, 0);
         const auto error = Attempt([&] {
             for (const std::string& name : FilesMatching(targetDir_, "NEW_VOL.*"))
                 Files().Remove(targetDir_ + name);
-            Files().Write(library.NewVolFile, {});
+            Files().Write(path, {});
         });
         if (error) RaiseCatalogue(503, AGIGame::ErrorSource, error->NumberAndText());
+    }
+
+    void AddCollections() {
+        const HoldingVolumes holding;
+        for (const AGIResType type : {rtLogic, rtPicture, rtView, rtSound})
+            AddCollection(type);
+        if (const auto error = Attempt([] { Wrapped(638, [] { Library().NewVolFile->Flush(); }); })) {
+            NoteFault(*error);
+            Report(csResError, rtLogic, 0, NotAdded(*error));
+        }
+        Library().NewVolFile.reset();
     }
 
     void AddCollection(AGIResType type) {
@@ -187,12 +199,15 @@ class GameCompile {
         const DirectoryEntryBytes entry = MakeDirectoryEntry(library.CurrentVol, library.CurrentLoc);
         std::copy(entry.begin(), entry.end(),
                   library.NewDirData[resource.ResType()].begin() + 3 * resource.Number());
-        if (const auto error =
-                Attempt([&] { AddToVol(buffer, targetV3_, true, library.CurrentVol, library.CurrentLoc); })) {
+        if (const auto error = Attempt([&] { AddToVol(buffer, targetV3_, true); })) {
             NoteFault(*error);
-            Report(csResError, resource,
-                   "Unable to add Logic resource to VOL file (" + error->Description() + ")");
+            Report(csResError, resource, NotAdded(*error));
         }
+    }
+
+    /// Of a resource of any kind.
+    static std::string NotAdded(const Error& error) {
+        return "Unable to add Logic resource to VOL file (" + error.Description() + ")";
     }
 
     static bool LoadBytes(GameResource& resource) {
@@ -331,6 +346,7 @@ class GameCompile {
     /// The game is as it was, so the sizes noted for the new volumes do not hold.
     static void CleanUp() {
         Library().CompileActive = false;
+        Library().NewVolFile.reset();
         for (const AGIResType type : {rtLogic, rtPicture, rtSound, rtView}) {
             for (const auto& member : CollectionOf(type)->Members())
                 member->Resource().SizeInVol(-1);

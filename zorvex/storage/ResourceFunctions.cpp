@@ -1,5 +1,6 @@
 #include "zorvex/storage/ResourceFunctions.h"
 
+#include <algorithm>
 #include <array>
 #include <limits>
 
@@ -36,30 +37,49 @@ std::int32_t WordAt(ByteView bytes, std::size_t pos) {
 
 }  // namespace
 
-StoredResource ReadStoredResource(std::string_view path, std::string_view name, std::int32_t loc, bool isV3) {
-    const std::uint64_t length = ReadOr502(name, [&] { return Files().Size(path); });
-    const std::string location = std::to_string(loc);
-    if (loc < 0 || static_cast<std::uint64_t>(loc) > length) {
-        RaiseCatalogue(505, AGIResource::ErrorSource, location, name);
-    }
-    const auto start = static_cast<std::uint64_t>(loc);
-    const std::size_t headerLength = static_cast<std::size_t>(isV3 ? HeaderLengthV3 : HeaderLengthV2);
-    // One read takes the header and the longest data that it can announce.
-    constexpr std::size_t longestData = 0xFFFF;
-    ByteArray bytes =
-        ReadOr502(name, [&] { return Files().ReadAt(path, start, headerLength + longestData); });
-    if (bytes.size() < headerLength) bytes.resize(headerLength);
-    if (bytes[0] != 0x12 || bytes[1] != 0x34) RaiseCatalogue(506, AGIResource::ErrorSource, location, name);
+namespace {
 
+void CheckLocation(std::int32_t loc, std::uint64_t volumeLength, std::string_view name) {
+    if (loc < 0 || static_cast<std::uint64_t>(loc) > volumeLength) {
+        RaiseCatalogue(505, AGIResource::ErrorSource, std::to_string(loc), name);
+    }
+}
+
+/// Takes a resource from the bytes of a volume from its place on.
+StoredResource TakeResource(ByteView bytes, std::string_view name, std::int32_t loc, bool isV3) {
+    const auto headerLength = static_cast<std::size_t>(isV3 ? HeaderLengthV3 : HeaderLengthV2);
+    std::array<std::uint8_t, HeaderLengthV3> header{};
+    std::copy_n(bytes.begin(), std::min(bytes.size(), headerLength), header.begin());
+    if (header[0] != 0x12 || header[1] != 0x34) {
+        RaiseCatalogue(506, AGIResource::ErrorSource, std::to_string(loc), name);
+    }
     StoredResource stored;
-    stored.packedPicture = (bytes[2] & 0x80U) != 0;
-    stored.expandedSize = WordAt(bytes, 3);
-    const std::int32_t storedSize = isV3 ? WordAt(bytes, 5) : stored.expandedSize;
-    if (storedSize == 0) Raise507(reSubscript, name);
-    bytes.resize(headerLength + static_cast<std::size_t>(storedSize));
-    bytes.erase(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(headerLength));
-    stored.data = std::move(bytes);
+    stored.packedPicture = (header[2] & 0x80U) != 0;
+    stored.expandedSize = WordAt(header, 3);
+    const auto size = static_cast<std::size_t>(isV3 ? WordAt(header, 5) : stored.expandedSize);
+    if (size == 0) Raise507(reSubscript, name);
+    const ByteView rest = bytes.subspan(std::min(bytes.size(), headerLength));
+    const ByteView data = rest.first(std::min(rest.size(), size));
+    stored.data.reserve(size);
+    stored.data.assign(data.begin(), data.end());
+    stored.data.resize(size);
     return stored;
+}
+
+}  // namespace
+
+StoredResource StoredResourceIn(ByteView volume, std::string_view name, std::int32_t loc, bool isV3) {
+    CheckLocation(loc, volume.size(), name);
+    return TakeResource(volume.subspan(static_cast<std::size_t>(loc)), name, loc, isV3);
+}
+
+StoredResource ReadStoredResource(std::string_view path, std::string_view name, std::int32_t loc, bool isV3) {
+    CheckLocation(loc, ReadOr502(name, [&] { return Files().Size(path); }), name);
+    // One read takes the header and the longest data that it can announce.
+    constexpr std::size_t longest = HeaderLengthV3 + 0xFFFF;
+    const ByteArray bytes =
+        ReadOr502(name, [&] { return Files().ReadAt(path, static_cast<std::uint64_t>(loc), longest); });
+    return TakeResource(bytes, name, loc, isV3);
 }
 
 StoredResource ReadStoredFile(std::string_view path, std::string_view name) {

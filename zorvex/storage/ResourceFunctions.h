@@ -29,6 +29,9 @@ struct StoredResource {
 /// Data that runs past the end of the file reads as zero bytes. Raises 502, 505, 506 and 507.
 StoredResource ReadStoredResource(std::string_view path, std::string_view name, std::int32_t loc, bool isV3);
 
+/// The same in a volume's bytes from its beginning on.
+StoredResource StoredResourceIn(ByteView volume, std::string_view name, std::int32_t loc, bool isV3);
+
 /// Reads a whole file as a resource. Raises 502 and 507.
 StoredResource ReadStoredFile(std::string_view path, std::string_view name);
 

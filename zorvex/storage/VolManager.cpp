@@ -12,6 +12,7 @@
 #include "zorvex/storage/AGIResource.h"
 #include "zorvex/storage/ResourceCollection.h"
 #include "zorvex/storage/ResourceFunctions.h"
+#include "zorvex/storage/VolumeFiles.h"
 
 namespace zorvex {
 
@@ -194,7 +195,9 @@ class PlacedWrite {
 
     void Write(const Place& place) const {
         Wrapped(638, [&] {
-            Files().WriteAt(VolumePath(place.volume), static_cast<std::uint64_t>(place.loc), BytesAt(place));
+            const std::string path = VolumePath(place.volume);
+            ForgetVolume(path);
+            Files().WriteAt(path, static_cast<std::uint64_t>(place.loc), BytesAt(place));
         });
     }
 
@@ -204,6 +207,7 @@ class PlacedWrite {
     void WriteOver(const Place& place) const {
         Wrapped(638, [&] {
             const std::string path = VolumePath(place.volume);
+            ForgetVolume(path);
             ByteArray volume = Files().Read(path);
             const ByteArray bytes = BytesAt(place);
             const auto start = static_cast<std::size_t>(place.loc);
@@ -251,6 +255,7 @@ class PlacedWrite {
     void CutVolume(std::int32_t volume, const Place& target, std::uint64_t oldLength) const {
         Attempt([&] {
             const std::string path = VolumePath(volume);
+            ForgetVolume(path);
             const auto end =
                 static_cast<std::uint64_t>(target.volume == volume ? target.loc + target.length : 0);
             const std::uint64_t wanted = std::max(oldLength, end);
@@ -287,7 +292,7 @@ class PlacedWrite {
 
 }  // namespace
 
-void AddToVol(AGIResource& resource, bool isV3File, bool rebuild, std::int32_t vol, std::int32_t loc) {
+void AddToVol(AGIResource& resource, bool isV3File, bool rebuild) {
     const auto size = static_cast<std::int32_t>(resource.View().size());
     if (size > 0xFFFF) RaiseCatalogue(516, AGIResource::ErrorSource);  // the header has 16 bits for the size
     if (!rebuild) {
@@ -295,10 +300,7 @@ void AddToVol(AGIResource& resource, bool isV3File, bool rebuild, std::int32_t v
         return;
     }
     LibraryState& library = Library();
-    Wrapped(638, [&] {
-        Files().WriteAt(library.NewVolFile, static_cast<std::uint64_t>(loc),
-                        HeaderAndData(resource, vol, isV3File));
-    });
+    Wrapped(638, [&] { library.NewVolFile->Add(HeaderAndData(resource, library.CurrentVol, isV3File)); });
     UpdateSizeInVol(resource, size);
     library.CurrentLoc += size + HeaderLength(isV3File);
 }
@@ -331,6 +333,7 @@ void ValidateVolAndLoc(std::int32_t size, bool isV3) {
                (volume != 0 || position + size <= library.MaxVol0Size);
     };
     if (fits(library.CurrentVol, library.CurrentLoc)) return;
+    library.NewVolFile->Flush();
     for (std::int32_t volume = 0; volume <= HighestVolume(isV3); ++volume) {
         const std::string path = library.TargetDir + "NEW_VOL." + std::to_string(volume);
         std::uint64_t length = 0;
@@ -342,7 +345,7 @@ void ValidateVolAndLoc(std::int32_t size, bool isV3) {
         if (fits(volume, static_cast<std::int64_t>(length))) {
             library.CurrentVol = volume;
             library.CurrentLoc = static_cast<std::int32_t>(length);
-            library.NewVolFile = path;
+            library.NewVolFile = std::make_shared<NewVolume>(path, library.CurrentLoc);
             return;
         }
     }

@@ -33,10 +33,9 @@ std::int32_t HighestVolume(bool isV3);
 std::int32_t HeaderLength(bool isV3);
 
 /// Writes a resource, uncompressed. Without `rebuild` it goes to free space of the open game's volumes and
-/// its directory entry follows; with `rebuild` it goes to `vol` and `loc` of the new volume under
-/// construction. Raises 593 and 638.
-void AddToVol(AGIResource& resource, bool isV3File, bool rebuild = false, std::int32_t vol = 0,
-              std::int32_t loc = 0);
+/// its directory entry follows; with `rebuild` it goes to CurrentLoc, the end of the new volume under
+/// construction, and may reach the disk with a later one. Raises 593 and 638.
+void AddToVol(AGIResource& resource, bool isV3File, bool rebuild = false);
 
 /// Gives a resource the first gap, lowest volume and lowest offset first, that takes its header and bytes.
 /// Raises 593. The cost grows with the number of resources, not with the size of the volumes.
