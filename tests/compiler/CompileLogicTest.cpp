@@ -75,6 +75,11 @@ TEST(CompileLogic, PlacesCountInTheirOwnFile) {
               "bad.txt:3: 4063");
     game.Write("m.txt", Repeated(20, "#message @ \"text @\"\n"));
     EXPECT_EQ(game.Compile("#include \"m.txt\"\n\n#message 0 \"a\"").error.substr(0, 7), "3: 4077");
+    // Looking past a string at the end of a line leaves the blame on that line.
+    EXPECT_EQ(game.Compile("#include \"m.txt\"\ns1 = \"text\"\nreturn();").error.substr(0, 7), "2: 4007");
+    game.Write("string.txt", "s1 = \"text\"");
+    EXPECT_EQ(game.Compile("\n#include \"string.txt\"\nreturn();").error.substr(0, 18), "string.txt:1: 4007");
+    EXPECT_EQ(game.Compile("#include \"m.txt\"\nprint(\"a\"\n\"b\n;").error.substr(0, 7), "3: 4051");
     // Line ends of all kinds count as one.
     EXPECT_EQ(game.Compile("v50 = 1;\rv50 = 2;\r\nv50 = 3;\v\nset(5);").error.substr(0, 7), "5: 4063");
 }

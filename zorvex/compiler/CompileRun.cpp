@@ -51,7 +51,7 @@ void CompileRun::Fail(std::int32_t number, std::initializer_list<std::string_vie
 void CompileRun::FailOrBlameQuote(std::int32_t number, std::initializer_list<std::string_view> fillers) {
     if (QuoteErrLine == -1) Fail(number, fillers);
     LineIndex = QuoteErrLine;
-    ErrLine = LineIndex - IncludeOffset;
+    BlameLine();
     Fail(4051);
 }
 
@@ -89,7 +89,6 @@ std::string CompileRun::ModuleName() const {
 
 // --- Lines ---
 void CompileRun::ResetCompiler() {
-    IncludeOffset = 0;
     QuoteErrLine = -1;
     LineIndex = -2;
     NextLine();
@@ -106,10 +105,15 @@ void CompileRun::NextLine() {
         return;
     }
     const SourceLine& line = SourceLines[static_cast<std::size_t>(LineIndex)];
-    if (line.file >= 0) ++IncludeOffset;
+    CurrentLine = line.text;
+    BlameLine();
+}
+
+void CompileRun::BlameLine() {
+    if (LineIndex < 0) return;
+    const SourceLine& line = SourceLines[static_cast<std::size_t>(LineIndex)];
     ErrModule = line.file;
     ErrLine = line.number;
-    CurrentLine = line.text;
 }
 
 std::int32_t CompileRun::Column() const {

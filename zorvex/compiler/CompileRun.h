@@ -104,6 +104,8 @@ class CompileRun {
     void ResetCompiler();
     /// Moves to the next line; past the last, LineIndex becomes -1 and CurrentLine stays.
     void NextLine();
+    /// Makes the present line the one that errors and warnings report, in the file that it comes from.
+    void BlameLine();
     /// Puts another text in the place of the present line.
     void UpdateCurrentLine(std::string_view text) {
         SourceLines[static_cast<std::size_t>(LineIndex)].text = text;
@@ -114,7 +116,6 @@ class CompileRun {
     std::int32_t LineIndex = -2;
     std::size_t CharPos = 0;  // characters of CurrentLine already taken
     std::string_view CurrentLine;
-    std::int32_t IncludeOffset = 0;
     std::size_t TokenStart = 0;
 
     // --- What the passes find ---

@@ -104,8 +104,10 @@ bool NameTable::ConvertArgument(std::string_view& arg, ArgTypeEnum type, bool& v
 bool NameTable::ConvertLocal(const TDefine& define, std::string_view& arg, ArgTypeEnum type,
                              bool& varOrNum) const {
     const std::string_view value = define.Value;
-    // A screen object must be written with a lower-case letter here.
-    if (!IsDirect(value, type, varOrNum) || (type == atSObj && value.front() != 'o')) return false;
+    if (!IsDirect(value, type, varOrNum)) return false;
+    // A screen object must be written with a lower-case letter here, and a word must have a valid number.
+    if ((type == atSObj && value.front() != 'o') || (type == atWord && VariableValue(value) == -1))
+        return false;
     arg = value;
     return true;
 }

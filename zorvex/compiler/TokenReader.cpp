@@ -125,22 +125,19 @@ struct Place {
         : lineIndex(run.LineIndex),
           charPos(run.CharPos),
           currentLine(run.CurrentLine),
-          includeOffset(run.IncludeOffset),
           tokenStart(run.TokenStart) {}
 
     void Restore(CompileRun& run) const {
         run.LineIndex = lineIndex;
         run.CharPos = charPos;
         run.CurrentLine = currentLine;
-        run.IncludeOffset = includeOffset;
         run.TokenStart = tokenStart;
-        run.ErrLine = lineIndex;
+        run.BlameLine();
     }
 
     std::int32_t lineIndex;
     std::size_t charPos;
     std::string_view currentLine;
-    std::int32_t includeOffset;
     std::size_t tokenStart;
 };
 
