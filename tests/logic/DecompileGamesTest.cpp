@@ -75,7 +75,7 @@ TEST(RealLogics, HoldTheExpectedCodeAndMessages) {
             EXPECT_EQ(count, expected["messageCount"]);
 
             std::vector<std::string> messages(static_cast<std::size_t>(count));
-            for (const DecodedMessage& message : DecodeLogic(bytes, {}, NoNames()).Messages) {
+            for (const DecodedMessage& message : DecodeLogic(bytes, {}, DecodeNames()).Messages) {
                 messages[message.Number - 1U] = TextOfLiteral(message.Literal);
             }
             std::string joined;

@@ -16,7 +16,7 @@ DecodedLogic Decode(ByteView logic, LogicErrorLevel level = leHigh, bool elseAsG
     DecodeSettings settings;
     settings.ErrorLevel = level;
     settings.ElseAsGoto = elseAsGoto;
-    return DecodeLogic(logic, settings, NoNames());
+    return DecodeLogic(logic, settings, DecodeNames());
 }
 
 /// Decompiles at all levels, with and without else; only the one error may come, and each instruction is

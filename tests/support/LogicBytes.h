@@ -2,7 +2,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 #include "zorvex/game/Types.h"
 #include "zorvex/logic/LogDecode.h"
@@ -15,15 +14,5 @@ ByteArray LogicOf(ByteView code, const MessageTable& messages = {});
 
 /// The lines of a decompiled logic, each ended by a line feed.
 std::string TextOfLines(const DecodedLogic& logic);
-
-/// Names for a decompile that needs no game.
-class NoNames : public DecodeNames {
-  public:
-    std::optional<std::string> ResourceID(AGIResType, std::uint8_t) const override { return std::nullopt; }
-    bool HasVocabulary() const override { return false; }
-    std::optional<std::string> GroupName(std::int32_t) const override { return std::nullopt; }
-    bool HasItems() const override { return false; }
-    std::optional<ItemName> Item(std::uint8_t) const override { return std::nullopt; }
-};
 
 }  // namespace zorvex::test

@@ -30,7 +30,8 @@ struct DecodeSettings {
     std::string InterpreterVersion;
 };
 
-/// What a decompile looks up outside of the logic. The names are game text.
+/// What a decompile looks up outside of the logic. The names are game text. This class itself knows none:
+/// code then comes out with numbers.
 class DecodeNames {
   public:
     struct ItemName {
@@ -41,15 +42,17 @@ class DecodeNames {
     virtual ~DecodeNames() = default;
 
     /// The ID of a resource, or none when there is no such resource.
-    virtual std::optional<std::string> ResourceID(AGIResType type, std::uint8_t number) const = 0;
+    virtual std::optional<std::string> ResourceID(AGIResType /*type*/, std::uint8_t /*number*/) const {
+        return std::nullopt;
+    }
     /// False when there is no vocabulary: word groups are then written as numbers.
-    virtual bool HasVocabulary() const = 0;
+    virtual bool HasVocabulary() const { return false; }
     /// The word that stands for a group, or none when there is no such group.
-    virtual std::optional<std::string> GroupName(std::int32_t group) const = 0;
+    virtual std::optional<std::string> GroupName(std::int32_t /*group*/) const { return std::nullopt; }
     /// False when there is no inventory: items are then written by number.
-    virtual bool HasItems() const = 0;
+    virtual bool HasItems() const { return false; }
     /// The item of that number, or none past the last.
-    virtual std::optional<ItemName> Item(std::uint8_t number) const = 0;
+    virtual std::optional<ItemName> Item(std::uint8_t /*number*/) const { return std::nullopt; }
 };
 
 /// One message of a decompiled logic: its literal, quotes and escapes included.
