@@ -19,16 +19,15 @@ struct AddOptions {
     std::string ID;
 };
 
-void Declare(CLI::App& command, AddOptions& options) {
+void Declare(Declaration& command, AddOptions& options) {
     DeclareGame(command, options.Game);
-    command
-        .add_option("resource", options.Resource, "TYPE, which takes the lowest free number, or TYPE:NUMBER")
-        ->required();
-    command.add_option(
+    command.Option("resource", options.Resource, "TYPE, which takes the lowest free number, or TYPE:NUMBER")
+        .Required();
+    command.Option(
         "file", options.File,
         "What to add: bytes of a resource, a logic's source (.lgc, .txt) or a sound script (.ass); "
         "without it the smallest resource of the type is made");
-    command.add_option("--id", options.ID, "The resource's name; by default its type and number");
+    command.Option("--id", options.ID, "The resource's name; by default its type and number");
 }
 
 std::uint8_t LowestFree(AGIResType type) {

@@ -30,15 +30,14 @@ struct BuildOptions {
     bool Json = false;
 };
 
-void Declare(CLI::App& command, BuildOptions& options) {
+void Declare(Declaration& command, BuildOptions& options) {
     DeclareGame(command, options.Game);
-    command.add_option(
-        "-o,--output", options.Output,
-        "A directory for the new game; without it the game itself is built and its former files "
-        "stay as .OLD");
-    command.add_flag("--rebuild-only", options.RebuildOnly, "Only pack the resources; compile nothing");
-    command.add_option("--max-vol0", options.MaxVol0,
-                       "Fill volume 0 no further than this many bytes (32768 or more)");
+    command.Option("-o,--output", options.Output,
+                   "A directory for the new game; without it the game itself is built and its former files "
+                   "stay as .OLD");
+    command.Flag("--rebuild-only", options.RebuildOnly, "Only pack the resources; compile nothing");
+    command.Option("--max-vol0", options.MaxVol0,
+                   "Fill volume 0 no further than this many bytes (32768 or more)");
     DeclareJson(command, options.Json);
 }
 

@@ -1,5 +1,7 @@
 #include "tools/zorvex/Command.h"
 
+#include <CLI/CLI.hpp>
+
 namespace zorvex::tool {
 
 namespace {
@@ -21,22 +23,40 @@ class HelpFormatter : public CLI::Formatter {
 
 }  // namespace
 
-CommandLine::CommandLine() : App("Opens, shows and edits AGI games.", "zorvex") {
-    App.formatter(std::make_shared<HelpFormatter>());
-    App.get_formatter()->column_width(34);
-    App.require_subcommand(1);
-    App.set_version_flag("--version", "zorvex " ZORVEX_VERSION);
-    App.footer(
+CommandLine::CommandLine() : app_(std::make_unique<CLI::App>("Opens, shows and edits AGI games.", "zorvex")) {
+    app_->formatter(std::make_shared<HelpFormatter>());
+    app_->get_formatter()->column_width(34);
+    app_->require_subcommand(1);
+    app_->set_version_flag("--version", "zorvex " ZORVEX_VERSION);
+    app_->footer(
         "  zorvex info mygame            what the game is\n  zorvex COMMAND --help         how to use a "
         "command");
 }
 
-void DeclareGame(CLI::App& command, std::string& game) {
-    command.add_option("game", game, "A game directory, or the property file (.zvg) of a game")->required();
+CommandLine::~CommandLine() = default;
+
+Declaration CommandLine::Add(const CommandText& text, std::function<int()> body) {
+    CLI::App* command = app_->add_subcommand(text.Name, text.Purpose);
+    command->footer(text.Examples);
+    command->callback([this, run = std::move(body)] { chosen_ = run; });
+    return Declaration(*command);
 }
 
-void DeclareJson(CLI::App& command, bool& json) {
-    command.add_flag("--json", json, "Print JSON");
+int CommandLine::Run(int argc, char** argv) {
+    try {
+        app_->parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app_->exit(error) == 0 ? exitDone : exitUsage;
+    }
+    return chosen_();
+}
+
+void DeclareGame(Declaration& command, std::string& game) {
+    command.Option("game", game, "A game directory, or the property file (.zvg) of a game").Required();
+}
+
+void DeclareJson(Declaration& command, bool& json) {
+    command.Flag("--json", json, "Print JSON");
 }
 
 }  // namespace zorvex::tool

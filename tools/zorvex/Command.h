@@ -1,10 +1,12 @@
 // The skeleton that every command of the tool shares.
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <functional>
+#include <memory>
 #include <stdexcept>
 #include <string>
+
+#include "tools/zorvex/Declaration.h"
 
 namespace zorvex::tool {
 
@@ -17,14 +19,6 @@ class UsageError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-/// The whole command line; after parsing, `Chosen` is what the named command does.
-struct CommandLine {
-    CommandLine();
-
-    CLI::App App;
-    std::function<int()> Chosen;
-};
-
 /// What the help of a command says besides its options.
 struct CommandText {
     std::string Name;
@@ -33,21 +27,38 @@ struct CommandText {
     std::string Examples;
 };
 
+/// The whole command line with all its commands.
+class CommandLine {
+  public:
+    CommandLine();
+    ~CommandLine();
+    CommandLine(const CommandLine&) = delete;
+    CommandLine& operator=(const CommandLine&) = delete;
+
+    /// Adds a command; `body` runs when it is named and gives the exit status.
+    Declaration Add(const CommandText& text, std::function<int()> body);
+    /// Reads the arguments and runs the command they name. Help and complaints about the arguments are
+    /// printed here. Raises what the command raises.
+    int Run(int argc, char** argv);
+
+  private:
+    std::unique_ptr<CLI::App> app_;
+    std::function<int()> chosen_;
+};
+
 /// Adds a command whose body runs when it is named. `options` is a default-constructible struct that the
-/// options are bound to by `declare(app, options)`; `body(options)` gives the exit status and may raise.
+/// options are bound to by `declare(command, options)`; `body(options)` gives the exit status and may raise.
 template <class Options>
-void AddCommand(CommandLine& line, const CommandText& text, void (*declare)(CLI::App&, Options&),
+void AddCommand(CommandLine& line, const CommandText& text, void (*declare)(Declaration&, Options&),
                 int (*body)(const Options&)) {
-    CLI::App* command = line.App.add_subcommand(text.Name, text.Purpose);
-    command->footer(text.Examples);
     auto options = std::make_shared<Options>();
-    declare(*command, *options);
-    command->callback([&line, options, body] { line.Chosen = [options, body] { return body(*options); }; });
+    Declaration command = line.Add(text, [options, body] { return body(*options); });
+    declare(command, *options);
 }
 
 /// Declares the argument that names a game.
-void DeclareGame(CLI::App& command, std::string& game);
+void DeclareGame(Declaration& command, std::string& game);
 /// Declares --json.
-void DeclareJson(CLI::App& command, bool& json);
+void DeclareJson(Declaration& command, bool& json);
 
 }  // namespace zorvex::tool

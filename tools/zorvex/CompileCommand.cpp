@@ -29,27 +29,26 @@ struct CompileOptions {
     std::string Number = "0";
 };
 
-void Declare(CLI::App& command, CompileOptions& options) {
-    command.add_option("target", options.Target, "A game, or a single source file")->required();
-    command.add_option("logic", options.Which, "Of a game: the number or ID of a logic, or all")
-        ->capture_default_str();
-    command.add_option("--level", options.Level, "How strict to be: high makes doubtful source an error")
-        ->check(CLI::IsMember({"high", "medium", "low"}))
-        ->capture_default_str();
-    command.add_option("--ignore", options.Ignore, "Warnings not to give, such as 5017,5025");
-    command.add_flag("--names", options.Names, "Reserved names such as currentRoom count in any case");
-    command.add_flag("--check", options.Check, "Only report; nothing is changed");
+void Declare(Declaration& command, CompileOptions& options) {
+    command.Option("target", options.Target, "A game, or a single source file").Required();
+    command.Option("logic", options.Which, "Of a game: the number or ID of a logic, or all").ShowDefault();
+    command.Option("--level", options.Level, "How strict to be: high makes doubtful source an error")
+        .OneOf({"high", "medium", "low"})
+        .ShowDefault();
+    command.Option("--ignore", options.Ignore, "Warnings not to give, such as 5017,5025");
+    command.Flag("--names", options.Names, "Reserved names such as currentRoom count in any case");
+    command.Flag("--check", options.Check, "Only report; nothing is changed");
     DeclareJson(command, options.AsJson);
     const std::string single = "Single file";
-    command.add_option("-o,--output", options.Output, "The file for the compiled bytes")->group(single);
-    command.add_option("--version", options.Single.Version, "The interpreter version to compile for")
-        ->group(single)
-        ->capture_default_str();
-    command.add_option("--words", options.Single.Words, "The vocabulary, a WORDS.TOK file")->group(single);
-    command.add_option("--objects", options.Single.Objects, "The inventory, an OBJECT file")->group(single);
-    command.add_option("--number", options.Number, "The number that the logic is to have")
-        ->group(single)
-        ->capture_default_str();
+    command.Option("-o,--output", options.Output, "The file for the compiled bytes").Group(single);
+    command.Option("--version", options.Single.Version, "The interpreter version to compile for")
+        .Group(single)
+        .ShowDefault();
+    command.Option("--words", options.Single.Words, "The vocabulary, a WORDS.TOK file").Group(single);
+    command.Option("--objects", options.Single.Objects, "The inventory, an OBJECT file").Group(single);
+    command.Option("--number", options.Number, "The number that the logic is to have")
+        .Group(single)
+        .ShowDefault();
 }
 
 LogicErrorLevel LevelOf(const std::string& name) {

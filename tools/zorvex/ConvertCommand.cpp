@@ -19,13 +19,12 @@ struct ConvertOptions {
     std::string Output;
 };
 
-void Declare(CLI::App& command, ConvertOptions& options) {
+void Declare(Declaration& command, ConvertOptions& options) {
     DeclareGame(command, options.Game);
-    command.add_option("--to", options.Version, "The interpreter version, such as 2.936 or 3.002149")
-        ->required();
-    command.add_option("-o,--output", options.Output,
-                       "A new directory for the converted game; without it the game "
-                       "itself is converted");
+    command.Option("--to", options.Version, "The interpreter version, such as 2.936 or 3.002149").Required();
+    command.Option("-o,--output", options.Output,
+                   "A new directory for the converted game; without it the game "
+                   "itself is converted");
 }
 
 /// Deletes the directory and volume files of a layout from a directory made by this command.

@@ -28,21 +28,20 @@ struct DecompileOptions {
     bool Json = false;
 };
 
-void Declare(CLI::App& command, DecompileOptions& options) {
+void Declare(Declaration& command, DecompileOptions& options) {
     DeclareGame(command, options.Game);
-    command.add_option("number", options.Number, "The number of a logic, or all")->capture_default_str();
-    command.add_option("-o,--output", options.Output,
-                       "Write files named by ID to this directory instead of standard output");
+    command.Option("number", options.Number, "The number of a logic, or all").ShowDefault();
+    command.Option("-o,--output", options.Output,
+                   "Write files named by ID to this directory instead of standard output");
     command
-        .add_option("--level", options.Level,
-                    "high refuses what is not right, medium repairs it and says so, low repairs it silently")
-        ->check(CLI::IsMember({"high", "medium", "low"}))
-        ->capture_default_str();
-    command.add_flag("--special-syntax", options.SpecialSyntax, "Write v1 = 2 in place of assignn(v1, 2)");
-    command.add_flag("--reserved-names", options.ReservedNames,
-                     "Write names of variables, flags and resources");
-    command.add_flag("--else-as-goto", options.ElseAsGoto, "Write else blocks as jumps");
-    command.add_flag("--all-messages", options.AllMessages, "List all messages, not only those not used");
+        .Option("--level", options.Level,
+                "high refuses what is not right, medium repairs it and says so, low repairs it silently")
+        .OneOf({"high", "medium", "low"})
+        .ShowDefault();
+    command.Flag("--special-syntax", options.SpecialSyntax, "Write v1 = 2 in place of assignn(v1, 2)");
+    command.Flag("--reserved-names", options.ReservedNames, "Write names of variables, flags and resources");
+    command.Flag("--else-as-goto", options.ElseAsGoto, "Write else blocks as jumps");
+    command.Flag("--all-messages", options.AllMessages, "List all messages, not only those not used");
     DeclareJson(command, options.Json);
 }
 

@@ -17,9 +17,9 @@ struct DisassembleOptions {
     bool Json = false;
 };
 
-void Declare(CLI::App& command, DisassembleOptions& options) {
+void Declare(Declaration& command, DisassembleOptions& options) {
     DeclareGame(command, options.Game);
-    command.add_option("number", options.Number, "The number of a logic")->required();
+    command.Option("number", options.Number, "The number of a logic").Required();
     DeclareJson(command, options.Json);
 }
 

@@ -14,11 +14,10 @@ struct ExtractOptions {
     std::string Output;
 };
 
-void Declare(CLI::App& command, ExtractOptions& options) {
+void Declare(Declaration& command, ExtractOptions& options) {
     DeclareGame(command, options.Game);
-    command.add_option("resources", options.Selections,
-                       "TYPE or TYPE:NUMBER; all resources when none is given");
-    command.add_option("-o,--output", options.Output, "The directory for the files")->required();
+    command.Option("resources", options.Selections, "TYPE or TYPE:NUMBER; all resources when none is given");
+    command.Option("-o,--output", options.Output, "The directory for the files").Required();
 }
 
 bool IsSelected(const std::vector<Selection>& selections, AGIResType type, std::uint8_t number) {

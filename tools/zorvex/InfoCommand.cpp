@@ -20,7 +20,7 @@ struct InfoOptions {
     bool Json = false;
 };
 
-void Declare(CLI::App& command, InfoOptions& options) {
+void Declare(Declaration& command, InfoOptions& options) {
     DeclareGame(command, options.Game);
     DeclareJson(command, options.Json);
 }

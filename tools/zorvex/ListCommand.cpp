@@ -19,9 +19,9 @@ struct ListOptions {
     bool Json = false;
 };
 
-void Declare(CLI::App& command, ListOptions& options) {
+void Declare(Declaration& command, ListOptions& options) {
     DeclareGame(command, options.Game);
-    command.add_option("--type", options.Type, "Only resources of this type: logic, picture, sound or view");
+    command.Option("--type", options.Type, "Only resources of this type: logic, picture, sound or view");
     DeclareJson(command, options.Json);
 }
 

@@ -20,18 +20,16 @@ struct NewOptions {
     std::string Template;
 };
 
-void Declare(CLI::App& command, NewOptions& options) {
-    command.add_option("directory", options.Directory, "The directory for the game; it is made if need be")
-        ->required();
-    command.add_option("--id", options.ID, "The game's ID: at most 6 characters, 5 for a V3 game")
-        ->required();
+void Declare(Declaration& command, NewOptions& options) {
+    command.Option("directory", options.Directory, "The directory for the game; it is made if need be")
+        .Required();
+    command.Option("--id", options.ID, "The game's ID: at most 6 characters, 5 for a V3 game").Required();
     command
-        .add_option("--version", options.Version,
-                    "The interpreter version; with a template the template's counts")
-        ->capture_default_str();
-    command.add_option("--res-dir", options.ResDir, "The name of the directory for sources")
-        ->capture_default_str();
-    command.add_option("--template", options.Template, "The directory of a game to start from");
+        .Option("--version", options.Version,
+                "The interpreter version; with a template the template's counts")
+        .ShowDefault();
+    command.Option("--res-dir", options.ResDir, "The name of the directory for sources").ShowDefault();
+    command.Option("--template", options.Template, "The directory of a game to start from");
 }
 
 /// The template as the library wants it, with a property file. A plain game directory gets one in a scratch

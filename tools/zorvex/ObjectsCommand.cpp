@@ -18,11 +18,11 @@ struct ObjectsOptions {
     bool Json = false;
 };
 
-void Declare(CLI::App& command, ObjectsOptions& options) {
-    command.add_option("source", options.Source, "A game, or an inventory: OBJECT or a text form (.ago)")
-        ->required();
-    command.add_option("-o,--output", options.Output,
-                       "Write the items to this file instead: as text if it ends in .ago, else as OBJECT");
+void Declare(Declaration& command, ObjectsOptions& options) {
+    command.Option("source", options.Source, "A game, or an inventory: OBJECT or a text form (.ago)")
+        .Required();
+    command.Option("-o,--output", options.Output,
+                   "Write the items to this file instead: as text if it ends in .ago, else as OBJECT");
     DeclareJson(command, options.Json);
 }
 

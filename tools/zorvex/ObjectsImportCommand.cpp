@@ -12,9 +12,9 @@ struct ObjectsImportOptions {
     std::string File;
 };
 
-void Declare(CLI::App& command, ObjectsImportOptions& options) {
+void Declare(Declaration& command, ObjectsImportOptions& options) {
     DeclareGame(command, options.Game);
-    command.add_option("file", options.File, "An inventory: a text form (.ago) or OBJECT")->required();
+    command.Option("file", options.File, "An inventory: a text form (.ago) or OBJECT").Required();
 }
 
 /// Makes the items those of a stand-alone list. How the game stores them, scrambled or not, stays.

@@ -28,25 +28,20 @@ struct PictureOptions {
     bool Json = false;
 };
 
-void Declare(CLI::App& command, PictureOptions& options) {
-    command.add_option("source", options.Source, "A game, or a file with the bytes of one picture")
-        ->required();
-    command.add_option("number", options.Number, "The number of a picture of the game, or all (the default)");
-    command.add_option("-o,--output", options.Output,
-                       "The file to write, or a directory for files such as picture.012.png");
-    command.add_flag("--native", options.Native,
-                     "One pixel a pixel, 160 by 168, instead of two side by side");
-    command.add_option("--scale", options.Scale, "Enlarge so many times")->check(CLI::Range(1, 10));
-    CLI::Option* priority = command.add_flag("--priority", options.Priority, "The priority screen");
-    command.add_flag("--both", options.Both, "Visual and priority screen side by side")->excludes(priority);
-    command.add_option("--until", options.Until, "Draw up to this position of the bytes only")
-        ->check(CLI::NonNegativeNumber);
-    CLI::Option* raw =
-        command.add_flag("--raw", options.Raw, "Both screens as 26,880 bytes each, .visual and .priority");
+void Declare(Declaration& command, PictureOptions& options) {
+    command.Option("source", options.Source, "A game, or a file with the bytes of one picture").Required();
+    command.Option("number", options.Number, "The number of a picture of the game, or all (the default)");
+    command.Option("-o,--output", options.Output,
+                   "The file to write, or a directory for files such as picture.012.png");
+    command.Flag("--native", options.Native, "One pixel a pixel, 160 by 168, instead of two side by side");
+    command.Option("--scale", options.Scale, "Enlarge so many times").Between(1, 10);
+    const DeclaredOption priority = command.Flag("--priority", options.Priority, "The priority screen");
+    command.Flag("--both", options.Both, "Visual and priority screen side by side").Excludes(priority);
+    command.Option("--until", options.Until, "Draw up to this position of the bytes only").NotNegative();
+    const DeclaredOption raw =
+        command.Flag("--raw", options.Raw, "Both screens as 26,880 bytes each, .visual and .priority");
     DeclareJson(command, options.Json);
-    command.get_option("--json")
-        ->description("Faults, pen and commands as JSON instead of an image")
-        ->excludes(raw);
+    command.Named("--json").Description("Faults, pen and commands as JSON instead of an image").Excludes(raw);
 }
 
 // --- What a picture becomes ---

@@ -20,11 +20,10 @@ struct PlayOptions {
     std::string Number;
 };
 
-void Declare(CLI::App& command, PlayOptions& options) {
-    command
-        .add_option("source", options.Source, "A game, or the file of a sound: a raw resource or a script")
-        ->required();
-    command.add_option("number", options.Number, "The number of a sound of the game");
+void Declare(Declaration& command, PlayOptions& options) {
+    command.Option("source", options.Source, "A game, or the file of a sound: a raw resource or a script")
+        .Required();
+    command.Option("number", options.Number, "The number of a sound of the game");
 }
 
 std::atomic<int>& CaughtSignal() {

@@ -18,9 +18,9 @@ struct PropsOptions {
     bool Json = false;
 };
 
-void Declare(CLI::App& command, PropsOptions& options) {
+void Declare(Declaration& command, PropsOptions& options) {
     DeclareGame(command, options.Game);
-    command.add_option("settings", options.Settings, "KEY to print one property, KEY=VALUE to set one");
+    command.Option("settings", options.Settings, "KEY to print one property, KEY=VALUE to set one");
     DeclareJson(command, options.Json);
 }
 

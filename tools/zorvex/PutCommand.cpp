@@ -17,11 +17,10 @@ struct PutOptions {
     std::string File;
 };
 
-void Declare(CLI::App& command, PutOptions& options) {
+void Declare(Declaration& command, PutOptions& options) {
     DeclareGame(command, options.Game);
-    command.add_option("resource", options.Resource, "TYPE:NUMBER of a resource that the game has")
-        ->required();
-    command.add_option("file", options.File, "The file with the new bytes")->required();
+    command.Option("resource", options.Resource, "TYPE:NUMBER of a resource that the game has").Required();
+    command.Option("file", options.File, "The file with the new bytes").Required();
 }
 
 int Run(const PutOptions& options) {

@@ -12,9 +12,9 @@ struct RemoveOptions {
     std::vector<std::string> Resources;
 };
 
-void Declare(CLI::App& command, RemoveOptions& options) {
+void Declare(Declaration& command, RemoveOptions& options) {
     DeclareGame(command, options.Game);
-    command.add_option("resources", options.Resources, "TYPE:NUMBER of each resource to remove")->required();
+    command.Option("resources", options.Resources, "TYPE:NUMBER of each resource to remove").Required();
 }
 
 int Run(const RemoveOptions& options) {

@@ -14,10 +14,10 @@ struct RenameOptions {
     std::string ID;
 };
 
-void Declare(CLI::App& command, RenameOptions& options) {
+void Declare(Declaration& command, RenameOptions& options) {
     DeclareGame(command, options.Game);
-    command.add_option("resource", options.Resource, "TYPE:NUMBER")->required();
-    command.add_option("id", options.ID, "The new name, at most 64 characters")->required();
+    command.Option("resource", options.Resource, "TYPE:NUMBER").Required();
+    command.Option("id", options.ID, "The new name, at most 64 characters").Required();
 }
 
 /// A logic's source file is found by the logic's name, so it goes along.

@@ -13,10 +13,10 @@ struct RenumberOptions {
     std::string Number;
 };
 
-void Declare(CLI::App& command, RenumberOptions& options) {
+void Declare(Declaration& command, RenumberOptions& options) {
     DeclareGame(command, options.Game);
-    command.add_option("resource", options.Resource, "TYPE:NUMBER")->required();
-    command.add_option("number", options.Number, "The new number, 0 to 255")->required();
+    command.Option("resource", options.Resource, "TYPE:NUMBER").Required();
+    command.Option("number", options.Number, "The new number, 0 to 255").Required();
 }
 
 int Run(const RenumberOptions& options) {

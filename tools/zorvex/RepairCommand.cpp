@@ -25,9 +25,9 @@ struct RepairOptions {
     bool Json = false;
 };
 
-void Declare(CLI::App& command, RepairOptions& options) {
+void Declare(Declaration& command, RepairOptions& options) {
     DeclareGame(command, options.Game);
-    command.add_option("-o,--output", options.Output, "Mend a copy of the game in this new directory");
+    command.Option("-o,--output", options.Output, "Mend a copy of the game in this new directory");
     DeclareJson(command, options.Json);
 }
 

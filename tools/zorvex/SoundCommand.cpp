@@ -26,19 +26,17 @@ struct SoundOptions {
     bool Json = false;
 };
 
-void Declare(CLI::App& command, SoundOptions& options) {
+void Declare(Declaration& command, SoundOptions& options) {
+    command.Option("source", options.Source, "A game, or the file of a sound: a raw resource or a script")
+        .Required();
+    command.Option("number", options.Which, "The number of a sound of the game, or all").ShowDefault();
+    command.Option("-o,--output", options.Output, "The file to write; for several sounds, a directory");
     command
-        .add_option("source", options.Source, "A game, or the file of a sound: a raw resource or a script")
-        ->required();
-    command.add_option("number", options.Which, "The number of a sound of the game, or all")
-        ->capture_default_str();
-    command.add_option("-o,--output", options.Output, "The file to write; for several sounds, a directory");
-    command
-        .add_option(
+        .Option(
             "--format", options.Format,
             "agi (raw resource), mid (MIDI), wav (wave) or ass (script); by the file's extension where not "
             "given, and in a directory mid, or wav for samples")
-        ->check(CLI::IsMember({"agi", "mid", "wav", "ass"}));
+        .OneOf({"agi", "mid", "wav", "ass"});
     DeclareJson(command, options.Json);
 }
 

@@ -14,10 +14,10 @@ struct ImportOptions {
     std::string File;
 };
 
-void Declare(CLI::App& command, ImportOptions& options) {
+void Declare(Declaration& command, ImportOptions& options) {
     DeclareGame(command, options.Game);
-    command.add_option("number", options.Number, "The number of a sound that the game has")->required();
-    command.add_option("file", options.File, "A script, or a raw resource")->required();
+    command.Option("number", options.Number, "The number of a sound that the game has").Required();
+    command.Option("file", options.File, "A script, or a raw resource").Required();
 }
 
 int Run(const ImportOptions& options) {

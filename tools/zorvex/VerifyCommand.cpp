@@ -23,7 +23,7 @@ struct VerifyOptions {
     bool Json = false;
 };
 
-void Declare(CLI::App& command, VerifyOptions& options) {
+void Declare(Declaration& command, VerifyOptions& options) {
     DeclareGame(command, options.Game);
     DeclareJson(command, options.Json);
 }

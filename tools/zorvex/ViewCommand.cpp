@@ -28,24 +28,22 @@ struct ViewOptions {
     PixelSize Size() const { return {Scale * (Native ? 1 : 2), Scale}; }
 };
 
-void Declare(CLI::App& command, ViewOptions& options) {
-    command.add_option("source", options.Source, "A game, or a file with the bytes of one view")->required();
-    command.add_option("number", options.Number, "The number of a view of the game, or all (the default)");
-    command.add_option("-o,--output", options.Output,
-                       "The file to write, or a directory for files such as view.012.png");
-    CLI::Option* cels =
-        command.add_option("--cels", options.Cels,
-                           "A directory for one indexed PNG a cel and the view.json that view-import reads");
-    command.add_flag("--native", options.Native, "One pixel a pixel instead of two side by side");
-    command.add_option("--scale", options.Scale, "Enlarge so many times")
-        ->check(CLI::Range(1, 10))
-        ->excludes(cels);
-    CLI::Option* gif =
-        command.add_flag("--gif", options.Gif, "An animation of each loop: ego.gif, ego.loop1.gif ...");
+void Declare(Declaration& command, ViewOptions& options) {
+    command.Option("source", options.Source, "A game, or a file with the bytes of one view").Required();
+    command.Option("number", options.Number, "The number of a view of the game, or all (the default)");
+    command.Option("-o,--output", options.Output,
+                   "The file to write, or a directory for files such as view.012.png");
+    const DeclaredOption cels =
+        command.Option("--cels", options.Cels,
+                       "A directory for one indexed PNG a cel and the view.json that view-import reads");
+    command.Flag("--native", options.Native, "One pixel a pixel instead of two side by side");
+    command.Option("--scale", options.Scale, "Enlarge so many times").Between(1, 10).Excludes(cels);
+    const DeclaredOption gif =
+        command.Flag("--gif", options.Gif, "An animation of each loop: ego.gif, ego.loop1.gif ...");
     DeclareJson(command, options.Json);
-    command.get_option("--json")
-        ->description("Description, loops and cels as JSON instead of a sheet")
-        ->excludes(gif);
+    command.Named("--json")
+        .Description("Description, loops and cels as JSON instead of a sheet")
+        .Excludes(gif);
 }
 
 // --- What a view becomes ---

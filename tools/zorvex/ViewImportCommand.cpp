@@ -19,17 +19,16 @@ struct ViewImportOptions {
     bool Native = false;
 };
 
-void Declare(CLI::App& command, ViewImportOptions& options) {
+void Declare(Declaration& command, ViewImportOptions& options) {
     DeclareGame(command, options.Game);
-    command.add_option("number", options.Number, "The number of the view; a new one is added to the game")
-        ->required();
+    command.Option("number", options.Number, "The number of the view; a new one is added to the game")
+        .Required();
     command
-        .add_option(
-            "source", options.Source,
-            "A directory of images as 'view --cels' writes them, or a file as 'view --json' writes it")
-        ->required();
-    command.add_flag("--native", options.Native,
-                     "Images without a view.json beside them have one column a pixel, not two");
+        .Option("source", options.Source,
+                "A directory of images as 'view --cels' writes them, or a file as 'view --json' writes it")
+        .Required();
+    command.Flag("--native", options.Native,
+                 "Images without a view.json beside them have one column a pixel, not two");
 }
 
 Json ReadJson(const fs::path& file) {

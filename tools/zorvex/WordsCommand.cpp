@@ -18,11 +18,11 @@ struct WordsOptions {
     bool Json = false;
 };
 
-void Declare(CLI::App& command, WordsOptions& options) {
-    command.add_option("source", options.Source, "A game, or a word list: WORDS.TOK or a text form (.agw)")
-        ->required();
-    command.add_option("-o,--output", options.Output,
-                       "Write the words to this file instead: FILE.agw or FILE.tok");
+void Declare(Declaration& command, WordsOptions& options) {
+    command.Option("source", options.Source, "A game, or a word list: WORDS.TOK or a text form (.agw)")
+        .Required();
+    command.Option("-o,--output", options.Output,
+                   "Write the words to this file instead: FILE.agw or FILE.tok");
     DeclareJson(command, options.Json);
 }
 

@@ -12,9 +12,9 @@ struct WordsImportOptions {
     std::string File;
 };
 
-void Declare(CLI::App& command, WordsImportOptions& options) {
+void Declare(Declaration& command, WordsImportOptions& options) {
     DeclareGame(command, options.Game);
-    command.add_option("file", options.File, "A word list: a text form (.agw) or WORDS.TOK")->required();
+    command.Option("file", options.File, "A word list: a text form (.agw) or WORDS.TOK").Required();
 }
 
 /// Makes a stand-alone list that of the game. A list without a description leaves the game its own.

@@ -12,13 +12,7 @@ int RunTool(int argc, char** argv) {
     CommandLine line;
     AddAllCommands(line);
     try {
-        line.App.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-        const int status = line.App.exit(error);
-        return status == 0 ? exitDone : exitUsage;
-    }
-    try {
-        const int status = line.Chosen();
+        const int status = line.Run(argc, argv);
         // Output that could not be written is a failure, whatever the command thought.
         if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
             SayError("cannot write to standard output");
