@@ -2,8 +2,8 @@
 //
 // Each line of the section "input" is a source of its own, in which "<nl>" ends a line and "<02>" is the byte
 // of that hexadecimal value; "return();" is added on a line of its own unless the source ends in "<end>". The
-// output begins with the number of the source and the levels that agree: "high", "medium", "low" or "all". A
-// level without diagnostics gives nothing, and with the setting "show = code" the bytes of its code and its
+// output begins with the number of the source and the levels that give it: "high", "medium", "low" or "all".
+// A level without diagnostics gives nothing, and with the setting "show = code" the bytes of its code and its
 // messages. Other settings: logic, names (on: reserved names count), version. The section "globals" is
 // globals.txt, a section "file NAME" an include file.
 //
@@ -86,19 +86,32 @@ Output CompileAt(LogicErrorLevel level, ScratchGame& game, const CaseFile& file,
     return output;
 }
 
+/// Each line with the levels that give it, in the order of the first that does.
 std::string ShowLevels(const std::string& number, const std::array<Output, 3>& outputs) {
     constexpr std::array<std::string_view, 3> names{"high", "medium", "low"};
+    struct Row {
+        std::string line;
+        std::vector<std::size_t> levels;
+    };
+    std::vector<Row> rows;
+    for (std::size_t level = 0; level < outputs.size(); ++level) {
+        for (const std::string& line : outputs[level]) {
+            const auto known = std::find_if(rows.begin(), rows.end(), [&](const Row& row) {
+                return row.line == line && row.levels.back() != level;
+            });
+            if (known == rows.end())
+                rows.push_back({line, {level}});
+            else
+                known->levels.push_back(level);
+        }
+    }
     std::string text;
-    for (std::size_t i = 0; i < outputs.size();) {
-        std::size_t next = i + 1;
-        while (next < outputs.size() && outputs[next] == outputs[i])
-            ++next;
-        std::string levels(names[i]);
-        if (next - i == outputs.size()) levels = "all";
-        if (next - i == 2) levels += "+" + std::string(names[next - 1]);
-        for (const std::string& line : outputs[i])
-            text += number + " " + levels + " " + ReplaceAll(line, "\r\n", "<0D><0A>") + "\n";
-        i = next;
+    for (const Row& row : rows) {
+        std::string levels(names[row.levels.front()]);
+        for (std::size_t i = 1; i < row.levels.size(); ++i)
+            levels += "+" + std::string(names[row.levels[i]]);
+        if (row.levels.size() == outputs.size()) levels = "all";
+        text += number + " " + levels + " " + ReplaceAll(row.line, "\r\n", "<0D><0A>") + "\n";
     }
     return text;
 }
