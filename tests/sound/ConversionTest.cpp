@@ -136,7 +136,7 @@ TEST(BuildIIgsPCM, HasTheHeaderOfAWaveFile) {
 
 TEST(Sound, TheLengthOfASequenceComesFromItsEvents) {
     AGISound sound;
-    LoadBytes(sound, DocumentedBlock("sound.md", "hex", 1));
+    LoadBytes(sound, DocumentedBytes("sound.md", 1));
     EXPECT_EQ(sound.Length(), 0.5F);
     EXPECT_EQ(MediaSeconds(sound.MIDIData()), 0.5);
 }

@@ -85,6 +85,16 @@ TEST(Sound, LengthCountsMutedTracksOnlyAsLongAsNothingChanged) {
     EXPECT_EQ(sound.Length(), 0.0F);
     sound.Track(0)->Notes()->Item(0)->Duration(6);
     EXPECT_EQ(sound.Track(0)->Length(), 0.1F);
+    sound.DataDirty(false);
+    Library().PropertyList->Assign("test.zvg\n", "\n");
+    sound.Save();
+    EXPECT_NE(properties.Text().find("   ID = Bell\n   Description = \"\"\n   Key = 0\n   TPQN = 4\n"
+                                     "   Inst0 = 80\n   Inst1 = 80\n   Inst2 = 80\n   Mute0 = True\n"
+                                     "   Mute1 = True\n   Mute2 = False\n   Mute3 = False\n"
+                                     "   Visible0 = True\n   Visible1 = True\n   Visible2 = False\n"
+                                     "   Visible3 = True"),
+              std::string::npos)
+        << properties.Text();
 }
 
 TEST(Sound, ANoteThatLeftItsSoundTellsNobody) {

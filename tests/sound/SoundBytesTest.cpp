@@ -17,8 +17,7 @@ TEST(Sound, AMelodyOfTheModelBecomesTheBytesAndBack) {
     EXPECT_EQ(notes, "190/0/30 1023/15/266; ; 1023/15/60; 5/2/6");
     TempDir dir;
     sound.Save(dir.File("melody.agi"));
-    EXPECT_EQ(TextOfBytes(dir.Read("melody.agi")),
-              TextOfBytes(BytesOfText(DocumentedBlock("sound.md", "hex"))));
+    EXPECT_EQ(TextOfBytes(dir.Read("melody.agi")), TextOfBytes(DocumentedBytes("sound.md")));
     EXPECT_FALSE(sound.IsDirty());
     AGISound copy;
     copy.Import(dir.File("melody.agi"));

@@ -1,14 +1,13 @@
 // Sounds from a few words each.
 #pragma once
 
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "tests/support/CaseFile.h"
+#include "tests/support/DocumentedBytes.h"
 #include "tests/support/Errors.h"
 #include "tests/support/TestFiles.h"
 #include "zorvex/game/LibraryState.h"
@@ -19,16 +18,6 @@
 #include "zorvex/sound/SoundData.h"
 
 namespace zorvex::test {
-
-/// The text of an example in a page of the format documentation: its n-th block with that mark.
-inline std::string DocumentedBlock(const std::string& page, const std::string& mark, int n = 0) {
-    std::ifstream file(SourceDirectory() + "/docs/formats/" + page);
-    const std::string text(std::istreambuf_iterator<char>(file), {});
-    std::size_t begin = 0;
-    for (int i = 0; i <= n; ++i)
-        begin = text.find("```" + mark + "\n", begin) + mark.size() + 4;
-    return text.substr(begin, text.find("```", begin) - begin);
-}
 
 /// Gives a sound these bytes and loads it.
 inline void LoadBytes(AGISound& sound, const ByteArray& bytes) {

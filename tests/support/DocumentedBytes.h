@@ -10,15 +10,19 @@
 
 namespace zorvex::test {
 
-/// The bytes of the worked example of a page of the format documentation: its block marked "hex".
-inline ByteArray DocumentedBytes(const std::string& page) {
+/// A worked example of a page of the format documentation: its n-th block with that mark.
+inline std::string DocumentedBlock(const std::string& page, const std::string& mark, int n = 0) {
     std::ifstream file(SourceDirectory() + "/docs/formats/" + page);
     const std::string text(std::istreambuf_iterator<char>(file), {});
-    constexpr std::string_view mark = "```hex\n";
-    const std::size_t begin = text.find(mark);
-    if (begin == std::string::npos) return {};
-    return BytesOfText(
-        text.substr(begin + mark.size(), text.find("```", begin + mark.size()) - begin - mark.size()));
+    std::size_t begin = 0;
+    for (int i = 0; i <= n; ++i)
+        begin = text.find("```" + mark + "\n", begin) + mark.size() + 4;
+    return text.substr(begin, text.find("```", begin) - begin);
+}
+
+/// The bytes of the block marked "hex".
+inline ByteArray DocumentedBytes(const std::string& page, int n = 0) {
+    return BytesOfText(DocumentedBlock(page, "hex", n));
 }
 
 }  // namespace zorvex::test

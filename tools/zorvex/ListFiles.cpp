@@ -70,6 +70,10 @@ void LoadListFile(AGIInventoryObjects& items, const std::string& path) {
 
 Error WithUnwritableWord(const Error& error, const AGIWordList& words) {
     for (const AGIWord& word : words) {
+        if (word.WordText.empty()) {
+            return {error.Number(), error.Source(),
+                    error.Description() + ": group " + std::to_string(word.Group) + " has an empty word"};
+        }
         const auto fits = [](char character) { return static_cast<unsigned char>(character) < 0x80; };
         if (std::all_of(word.WordText.begin(), word.WordText.end(), fits)) continue;
         return {error.Number(), error.Source(),

@@ -14,7 +14,7 @@ namespace zorvex::tool {
 void LoadListFile(AGIWordList& words, const std::string& path);
 void LoadListFile(AGIInventoryObjects& items, const std::string& path);
 
-/// An error of writing words, with the first word named that WORDS.TOK has no characters for.
+/// An error of writing words, with the first word named that WORDS.TOK cannot hold.
 Error WithUnwritableWord(const Error& error, const AGIWordList& words);
 
 }  // namespace zorvex::tool

@@ -19,7 +19,6 @@ void Declare(Declaration& command, ObjectsImportOptions& options) {
 
 /// Makes the items those of a stand-alone list. How the game stores them, scrambled or not, stays.
 void Replace(AGIInventoryObjects& items, AGIInventoryObjects& source) {
-    source.ResFile(items.ResFile());
     if (!items.Loaded()) items.SetObjects(source);
     while (items.Count() > source.Count())
         items.Remove(items.Count() - 1);

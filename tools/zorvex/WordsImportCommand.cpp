@@ -22,7 +22,6 @@ void Replace(AGIWordList& words, AGIWordList& source) {
     const std::string former = words.Loaded() ? words.Description() : std::string();
     const std::string wanted = source.Description().empty() ? former : source.Description();
     source.Description(former);
-    source.ResFile(words.ResFile());
     source.IsDirty(true);
     words.SetWords(source);
     words.Description(wanted);
