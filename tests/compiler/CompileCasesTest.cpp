@@ -1,11 +1,12 @@
 // Cases of the compiler: sources in, code or diagnostics out, at each of the three levels.
 //
-// Each line of the section "input" is a source of its own, in which "<nl>" ends a line and "<02>" is the byte
-// of that hexadecimal value; "return();" is added on a line of its own unless the source ends in "<end>". The
-// output begins with the number of the source and the levels that give it: "high", "medium", "low" or "all".
-// A level without diagnostics gives nothing, and with the setting "show = code" the bytes of its code and its
-// messages. Other settings: logic, names (on: reserved names count), version. The section "globals" is
-// globals.txt, a section "file NAME" an include file.
+// The section "expected" holds sources, each with its results: "source ==> result", and further results on
+// lines that begin with "==> ". In a source "<nl>" ends a line and "<02>" is the byte of that hexadecimal
+// value; "return();" is added on a line of its own unless the source ends in "<end>". A result begins with
+// the levels that give it: "high", "medium", "low" or "all". A level without diagnostics gives nothing, and
+// with the setting "show = code" the bytes of its code and its messages. Other settings: logic, names (on:
+// reserved names count), version. The section "globals" is globals.txt, a section "file NAME" an include
+// file.
 //
 // Whatever compiles is also decompiled and compiled again, and must decompile to the same text.
 #include "tests/support/CaseFile.h"
@@ -87,7 +88,7 @@ Output CompileAt(LogicErrorLevel level, ScratchGame& game, const CaseFile& file,
 }
 
 /// Each line with the levels that give it, in the order of the first that does.
-std::string ShowLevels(const std::string& number, const std::array<Output, 3>& outputs) {
+std::string ShowLevels(std::string_view source, const std::array<Output, 3>& outputs) {
     constexpr std::array<std::string_view, 3> names{"high", "medium", "low"};
     struct Row {
         std::string line;
@@ -105,15 +106,18 @@ std::string ShowLevels(const std::string& number, const std::array<Output, 3>& o
                 known->levels.push_back(level);
         }
     }
-    std::string text;
+    std::string text(source);
+    std::size_t width = text.size();
     for (const Row& row : rows) {
         std::string levels(names[row.levels.front()]);
         for (std::size_t i = 1; i < row.levels.size(); ++i)
             levels += "+" + std::string(names[row.levels[i]]);
         if (row.levels.size() == outputs.size()) levels = "all";
-        text += number + " " + levels + " " + ReplaceAll(row.line, "\r\n", "<0D><0A>") + "\n";
+        const std::string result = "==> " + levels + " " + ReplaceAll(row.line, "\r\n", "<0D><0A>");
+        text += (width + result.size() < 160 ? " " : "\n") + result;
+        width = 160;
     }
-    return text;
+    return text + "\n";
 }
 
 void PrepareGame(ScratchGame& game, const CaseFile& file) {
@@ -130,16 +134,16 @@ void PrepareGame(ScratchGame& game, const CaseFile& file) {
 
 std::string RunSources(const CaseFile& file) {
     std::string output;
-    std::vector<std::string> sources = Split(file.Section("input"), "\n");
-    sources.pop_back();
-    for (std::size_t i = 0; i < sources.size(); ++i) {
+    for (const std::string& line : Split(file.Section("expected"), "\n")) {
+        if (line.empty() || line.starts_with("==> ")) continue;
+        const std::string text = line.substr(0, line.find(" ==> "));
         ScratchGame game;
         PrepareGame(game, file);
-        const std::string source = SourceOf(sources[i]);
+        const std::string source = SourceOf(text);
         std::array<Output, 3> outputs;
         for (const LogicErrorLevel level : {leHigh, leMedium, leLow})
             outputs[level] = CompileAt(level, game, file, source);
-        output += ShowLevels(std::to_string(i + 1), outputs);
+        output += ShowLevels(text, outputs);
     }
     return output;
 }
