@@ -87,7 +87,9 @@ TEST_F(BuildTest, PacksWithoutGapsAndSetsTheOldFilesAside) {
     game_.Pictures().Item(1)->Load();
     EXPECT_FALSE(game_.Logics().Item(0)->Loaded());
 
-    game_.CompileGame(true, "");
+    game_.Logics().Remove(0);
+    game_.CompileGame(true, "/game/.");
+    EXPECT_EQ(Difference(test::LoadedModel(), ReadModel(gameDir)), "") << "the same directory in other words";
     EXPECT_EQ(Files().Size(gameDir + "VOL.0.OLD"), length) << "the backups are those of the last run";
     EXPECT_FALSE(Exists(gameDir + "VOL.1.OLD"));
     EXPECT_TRUE(game_.Pictures().Item(1)->Loaded()) << "what was loaded stays so";

@@ -195,6 +195,48 @@ TEST_P(KillTest, LeavesAGameThatOpensWithEveryResource) {
     }
 }
 
+/// Every file of the template game.
+std::map<std::string, ByteArray> FilesOf(const std::map<std::string, ByteArray>& all,
+                                         const std::string& dir) {
+    std::map<std::string, ByteArray> files = all;
+    std::erase_if(files, [&](const auto& file) { return !file.first.starts_with(dir); });
+    return files;
+}
+
+TEST_P(KillTest, ANewGameOpensOrCanBeMadeAgainAndLeavesItsTemplateAlone) {
+    const auto make = [isV3 = GetParam()](const std::string& templateDir) {
+        AGIGame game;
+        std::string resDir = "src";
+        game.NewGame("NEW", isV3 ? "3.002149" : "2.917", "\\new", resDir, templateDir);
+        game.CloseGame();
+    };
+    const auto opens = [] {
+        AGIGame game;
+        for (const std::string& name : FilesMatching("\\new", "*.zvg"))
+            if (!game.GameLoaded()) Attempt([&] { game.OpenGameZVG("\\new\\" + name); });
+        if (!game.GameLoaded()) Attempt([&] { game.OpenGameDIR("\\new"); });
+        return game.GameLoaded();
+    };
+    for (const std::string templateDir : {"", "\\game"}) {
+        bool reached = true;
+        for (int n = 1; reached; ++n) {
+            for (const bool killed : {true, false}) {
+                const MemoryFiles files;
+                WriteGame(GetParam());
+                files->MakeDirectory("\\new");
+                const auto before = FilesOf(files->All(), gameDir);
+                killed ? files->KillAt(n, n % 2 == 0 ? 6 : 0) : files->FailAt(n, reDiskFull, 3);
+                Attempt([&] { make(templateDir); });
+                reached = files->Changes() >= n;
+                files->Heal();
+                EXPECT_EQ(FilesOf(files->All(), gameDir), before);
+                EXPECT_TRUE(opens() || !Attempt([&] { make(templateDir); }))
+                    << (killed ? "killed at " : "full disk at ") << n << " " << templateDir;
+            }
+        }
+    }
+}
+
 INSTANTIATE_TEST_SUITE_P(Generations, KillTest, testing::Bool(),
                          [](const auto& generation) { return generation.param ? "V3" : "V2"; });
 

@@ -1,4 +1,5 @@
-// Thousands of random edits, watched by a model in memory and a reader of its own.
+// Thousands of random edits, of logics with their source files too, watched by a model in memory and a reader
+// of its own.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -8,6 +9,7 @@
 #include "tests/support/GameModel.h"
 #include "tests/support/MemoryFileSystem.h"
 #include "zorvex/game/AGIGame.h"
+#include "zorvex/logic/AGILogics.h"
 #include "zorvex/picture/AGIPictures.h"
 #include "zorvex/platform/FileSystem.h"
 #include "zorvex/sound/AGISounds.h"
@@ -33,7 +35,7 @@ class Storm {
         builder.Add(rtLogic, 0, test::SmallestLogic()).WriteTo(gameDir);
         Files().MakeDirectory(gameDir + "src");
         game_.OpenGameDIR(gameDir);
-        model_ = test::ReadModel(gameDir, id_);
+        Compile(*game_.Logics().Item(0));
     }
 
     void Run(int edits) {
@@ -47,8 +49,8 @@ class Storm {
     std::size_t Pick(std::size_t below) { return random_() % below; }
 
     void Edit() {
-        const std::array types{rtPicture, rtSound, rtView};
-        const AGIResType type = types[Pick(3)];
+        const std::array types{rtLogic, rtPicture, rtSound, rtView};
+        const AGIResType type = types[Pick(4)];
         const auto number = static_cast<std::uint8_t>(Pick(24));
         ResourceCollectionBase& collection = *CollectionOf(type);
         if (!collection.Exists(number)) {
@@ -62,12 +64,14 @@ class Storm {
             auto entry = model_.extract({type, number});
             entry.key().second = target;
             model_.insert(std::move(entry));
+            if (type == rtLogic) sources_[target] = sources_[number];
         } else {
             Save(*collection.Find(number));
         }
     }
 
     void Add(AGIResType type, std::uint8_t number) {
+        if (type == rtLogic) game_.Logics().Add(number);
         if (type == rtPicture) game_.Pictures().Add(number);
         if (type == rtSound) game_.Sounds().Add(number);
         if (type == rtView) game_.Views().Add(number);
@@ -75,11 +79,25 @@ class Storm {
     }
 
     void Save(GameResource& resource) {
+        if (resource.ResType() == rtLogic) return Compile(static_cast<AGILogic&>(resource));
         const ByteArray bytes = test::SampleResource(resource.ResType(), Pick(Pick(8) == 0 ? 30000 : 600));
         resource.Resource().SetAllData(bytes);
         resource.Resource().Save();
         resource.Unload();
         model_[{resource.ResType(), resource.Number()}] = bytes;
+    }
+
+    void Compile(AGILogic& logic) {
+        std::string source;
+        for (std::size_t n = Pick(Pick(8) == 0 ? 900 : 30); n > 0; --n)
+            source += "v" + std::to_string(n % 256) + " = " + std::to_string(Pick(256)) + ";\r\n";
+        logic.Load();
+        logic.SourceText(source + "return();");
+        logic.SaveSource();
+        logic.Compile();
+        model_[{rtLogic, logic.Number()}] = logic.AllData();
+        sources_[logic.Number()] = logic.SourceText();
+        logic.Unload();
     }
 
     void Check(int edits) {
@@ -88,12 +106,19 @@ class Storm {
         game_.CloseGame();
         game_.OpenGameZVG(gameDir + (id_.empty() ? "AGI.zvg" : id_ + ".zvg"));
         EXPECT_EQ(test::Difference(test::LoadedModel(), model_), "") << "after " << edits;
+        for (const auto& logic : game_.Logics()) {
+            logic->Load();
+            EXPECT_EQ(logic->SourceText(), sources_[logic->Number()]) << "after " << edits;
+            EXPECT_TRUE(logic->Compiled()) << logic->ID() << " after " << edits;
+            logic->Unload();
+        }
     }
 
     std::string id_;
     std::mt19937 random_;
     AGIGame game_;
     Model model_;
+    std::map<int, std::string> sources_;
 };
 
 TEST(Storm, EditsNeverLoseOrOverlapAResource) {

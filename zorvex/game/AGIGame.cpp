@@ -15,6 +15,7 @@
 #include "zorvex/game/Text.h"
 #include "zorvex/logic/StringList.h"
 #include "zorvex/platform/FileSystem.h"
+#include "zorvex/storage/FileSwap.h"
 #include "zorvex/storage/GameCompile.h"
 
 namespace zorvex {
@@ -117,24 +118,20 @@ namespace {
 
 /// Gives the directory and volume files of a V3 game the head of another ID: all of them or none.
 void RenameV3Files(const std::string& oldID, const std::string& newID) {
+    if (EqualNoCase(oldID, newID)) return;  // file names ignore case
     const std::string& directory = Library().GameDir;
-    std::vector<std::pair<std::string, std::string>> done;
+    FileSwap swap(directory);
     const auto rename = [&](const std::string& from, const std::string& to) {
-        Files().Rename(directory + from, directory + to);
-        done.emplace_back(from, to);
+        if (!FileExists(directory + from)) RaiseRuntime(reFileNotFound);
+        if (FileExists(directory + to)) RaiseRuntime(reFileExists);
+        swap.Add(from, to);
     };
-    Guarded(
-        [&] {
-            rename(oldID + "DIR", newID + "DIR");
-            for (const std::string& name : FilesMatching(directory, oldID + "VOL.*")) {
-                if (EqualNoCase(name.substr(name.size() - 4), ".OLD")) continue;
-                rename(name, newID + "VOL." + Split(name, ".")[1]);
-            }
-        },
-        [&] {
-            for (auto pair = done.rbegin(); pair != done.rend(); ++pair)
-                Files().Rename(directory + pair->second, directory + pair->first);
-        });
+    rename(oldID + "DIR", newID + "DIR");
+    for (const std::string& name : FilesMatching(directory, oldID + "VOL.*")) {
+        if (EqualNoCase(name.substr(name.size() - 4), ".OLD")) continue;
+        rename(name, newID + "VOL." + Split(name, ".")[1]);
+    }
+    swap.Run();
 }
 
 }  // namespace

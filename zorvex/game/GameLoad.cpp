@@ -12,6 +12,7 @@
 #include "zorvex/game/GameProperties.h"
 #include "zorvex/game/Helpers.h"
 #include "zorvex/game/LibraryState.h"
+#include "zorvex/game/NewGame.h"
 #include "zorvex/game/OldPropertyFile.h"
 #include "zorvex/game/PropertyFile.h"
 #include "zorvex/game/Text.h"
@@ -192,6 +193,7 @@ class GameLoad {
         Guarded([&] { OpenResources(); }, [] { ResetToEmptyGame(); });
         library.ResourceIDsValid = false;
         library.GameLoaded = true;
+        EndMaking(library.GameDir);
         WriteGameProperty("General", "LastEdit", DateText(library.LastEdit));
         SaveGameProperties();
         if (warnings_) RaiseCatalogue(636, AGIGame::ErrorSource);

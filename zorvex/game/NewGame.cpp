@@ -23,6 +23,9 @@ namespace {
 
 constexpr std::string_view errorSource = AGIGame::ErrorSource;
 
+// Stands in a directory from the first file of a new game until the game can be opened.
+constexpr std::string_view unfinishedMark = "NEW_GAME.TXT";
+
 /// The sections of a new property file, behind its heading.
 constexpr std::string_view emptySections[] = {"[General]",
                                               "",
@@ -56,6 +59,8 @@ class GameMaking {
         if (library.GameLoaded) RaiseCatalogue(501, errorSource);
         const std::string directory = CDir(InnerPath(newGameDir));
         if (!DirectoryExists(directory)) RaiseCatalogue(630, errorSource, newGameDir);
+        const bool unfinished = FileExists(directory + std::string(unfinishedMark));
+        if (unfinished) RemoveUnfinished(directory);
         if (!FilesMatching(directory, "*.zvg").empty()) RaiseCatalogue(687, errorSource);
         if (IsValidGameDir(directory)) {
             library.GameDir.clear();
@@ -64,6 +69,10 @@ class GameMaking {
         }
         library.GameDir = directory;
         if (resDir_.empty()) resDir_ = library.DefResDir;
+    }
+
+    static void Begin() {
+        Attempt([] { Files().Write(Library().GameDir + std::string(unfinishedMark), {}); });
     }
 
     void FromTemplate(std::string_view templateDir) {
@@ -100,6 +109,7 @@ class GameMaking {
 
     void Finish() {
         LibraryState& library = Library();
+        EndMaking(library.GameDir);
         bool warnings = false;
         const std::string directory = library.GameDir + library.ResDirName;
         if (!DirectoryExists(directory) && Attempt([&] { Files().MakeDirectory(directory); })) {
@@ -118,6 +128,14 @@ class GameMaking {
     }
 
   private:
+    /// Takes away by what the rest of an earlier attempt would count as a game.
+    static void RemoveUnfinished(const std::string& directory) {
+        for (const std::string_view pattern : {"*.zvg", "*DIR"}) {
+            for (const std::string& name : FilesMatching(directory, pattern))
+                Attempt([&] { Files().Remove(directory + name); });
+        }
+    }
+
     // --- From a template ---
     void OpenCopy(const std::string& propertyFile, const std::string& oldResDir) {
         LibraryState& library = Library();
@@ -207,12 +225,18 @@ void AGIGame::NewGame(std::string_view newID, std::string_view newVersion, std::
                       std::string& newResDir, std::string_view templateDir) {
     GameMaking making(*this, newID, newVersion, newResDir);
     making.Check(newGameDir);
+    GameMaking::Begin();
     if (templateDir.empty()) {
         making.FromNothing();
     } else {
         making.FromTemplate(templateDir);
     }
     making.Finish();
+}
+
+void EndMaking(std::string_view gameDir) {
+    const std::string mark = std::string(gameDir) + std::string(unfinishedMark);
+    if (FileExists(mark)) Attempt([&] { Files().Remove(mark); });
 }
 
 // --- Copying ---

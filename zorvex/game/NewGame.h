@@ -10,4 +10,8 @@ namespace zorvex {
 /// failed; raises nothing.
 bool CopyDirectory(std::string_view source, std::string_view target, bool move);
 
+/// Takes away the mark of a game that is being made. A directory that has it, after an attempt that failed or
+/// was killed, is open to another attempt.
+void EndMaking(std::string_view gameDir);
+
 }  // namespace zorvex

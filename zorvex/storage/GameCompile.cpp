@@ -112,11 +112,22 @@ class GameCompile {
         LibraryState& library = Library();
         const bool versionChanging = std::exchange(library.VersionChanging, false);
         if (!DirectoryExists(targetDir_)) RaiseCatalogue(561, AGIGame::ErrorSource, targetDir_);
-        sameDir_ = EqualNoCase(targetDir_, library.GameDir);
+        sameDir_ = EqualNoCase(targetDir_, library.GameDir) || IsGameDirUnderAnotherName();
         targetV3_ = versionChanging ? !library.IsV3 : library.IsV3;
         if (targetV3_ && CharacterCount(library.GameID) >= 6) RaiseCatalogue(694, AGIGame::ErrorSource);
         FileSwap::Finish(targetDir_);
         library.TargetDir = targetDir_;
+    }
+
+    /// True when a file made in the target directory appears in the game's, as behind a link or "..".
+    bool IsGameDirUnderAnotherName() const {
+        bool appears = false;
+        Attempt([&] {
+            const std::string probe = Files().UniqueTempFile(targetDir_, "AGI");
+            appears = FileExists(Library().GameDir + JustFileName(probe));
+            Files().Remove(probe);
+        });
+        return appears;
     }
 
     void CompileLists() {
