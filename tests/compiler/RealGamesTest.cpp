@@ -91,6 +91,10 @@ TEST(RealGames, GoToTextAndBack) {
                 const ByteArray shipped = ShippedBytes(*logic);
                 settings.ErrorLevel(leMedium);
                 const std::string text = Decompiled(shipped);
+                EXPECT_TRUE(std::all_of(text.begin(), text.end(), [](char character) {
+                    return character == '\n' || character == '\r' ||
+                           static_cast<unsigned char>(character) >= ' ';
+                }));
                 logic->Resource().SetAllData(shipped);
                 logic->SourceText(ConvertToCodePage(text));
                 settings.ErrorLevel(leLow);

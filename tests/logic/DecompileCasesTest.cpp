@@ -1,10 +1,10 @@
 // Cases of the decompiler: the bytes of a logic in, its exact text out.
 //
 // The logic is the section "code", framed by a header and the messages of the section "messages" (number and
-// source text a line), or all the bytes of the section "input". The setting "runs" holds words such as
-// "medium special names", and several such runs between semicolons. The sections "resources" ("view 3 =
-// name"), "words" ("20 look") and "items" (one name a line) are what the decompiler can look up; without the
-// section there is no vocabulary or inventory.
+// source text a line). Or the section "each" holds whole logics, a line each with its title behind "#". The
+// setting "runs" holds words such as "medium special names", and several such runs between semicolons. The
+// sections "resources" ("view 3 = name"), "words" ("20 look") and "items" (one name a line) are what the
+// decompiler can look up; without the section there is no vocabulary or inventory.
 #include <map>
 #include <sstream>
 
@@ -114,16 +114,18 @@ CaseResult RunCase(const CaseFile& file) {
     const std::string version = file.Setting("version", "2.917");
     InitCommandTables();
     SetCommandsForVersion(version);
+    const std::vector<std::string> runs = Split(file.Setting("runs", "high"), ";");
     std::string output;
-    for (const std::string& run : Split(file.Setting("runs", "high"), ";")) {
+    for (const std::string& run : runs) {
         const DecodeSettings settings = SettingsOfRun(run, version);
         if (!file.Has("each")) {
-            output += "--- " + std::string(Trim(run)) + "\n";
+            if (runs.size() > 1) output += "--- " + std::string(Trim(run)) + "\n";
             output += TextOrError(FramedLogic(file), settings, CaseNames(file));
         }
         for (const std::string& line : LinesOf(file.Section("each"))) {
-            output += "--- " + line.substr(line.find('#') + 2) + "\n";
-            output += TextOrError(BytesOfText(line), settings, CaseNames(file));
+            const std::string text = TextOrError(BytesOfText(line), settings, CaseNames(file));
+            const bool isShort = text.find('\n') == text.size() - 1;
+            output += line.substr(line.find('#') + 2) + (isShort ? ": " : ":\n") + text;
         }
     }
     return output;
