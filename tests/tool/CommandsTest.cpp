@@ -175,6 +175,22 @@ TEST(Tool, BuildsAndConvertsIntoOtherDirectories) {
     EXPECT_EQ(dir.All(), before);
 }
 
+TEST(Tool, BuildsNothingWhenAResourceFails) {
+    SKIP_WITHOUT_TOOL();
+    const TempDir dir;
+    SmallGame().Add(rtLogic, 3, test::SmallestLogic()).WriteTo(dir);
+    dir.Write("src/Logic0.lgc", std::string_view("return();\r\n"));
+    dir.Write("src/Logic3.lgc", std::string_view("set(f5)\r\nreturn();\r\n"));
+    const auto sums = SumsOf(ListOf(dir.Native()));
+    const ToolRun refused = RunTool({"build", dir.Native()});
+    EXPECT_EQ(refused.Status, 1);
+    EXPECT_NE(refused.Diagnostics.find("/src/Logic3.lgc:1: error: 4007"), std::string::npos);
+    EXPECT_EQ(SumsOf(ListOf(dir.Native())), sums);
+    EXPECT_FALSE(dir.Exists("NEW_VOL.0"));
+    EXPECT_EQ(RunTool({"build", dir.Native(), "--keep-going"}).Status, 1);
+    EXPECT_EQ(SumsOf(ListOf(dir.Native())).size(), sums.size() - 1);
+}
+
 TEST(Tool, RepairsWhatNeedsNoGuess) {
     SKIP_WITHOUT_TOOL();
     const TempDir dir;

@@ -27,6 +27,7 @@ struct BuildOptions {
     std::string Output;
     std::int32_t MaxVol0 = 0;
     bool RebuildOnly = false;
+    bool KeepGoing = false;
     bool Json = false;
 };
 
@@ -36,6 +37,8 @@ void Declare(Declaration& command, BuildOptions& options) {
                    "A directory for the new game; without it the game itself is built and its former files "
                    "stay as .OLD");
     command.Flag("--rebuild-only", options.RebuildOnly, "Only pack the resources; compile nothing");
+    command.Flag("-k,--keep-going", options.KeepGoing,
+                 "Write the game without the resources that fail; otherwise nothing is written then");
     command.Option("--max-vol0", options.MaxVol0,
                    "Fill volume 0 no further than this many bytes (32768 or more)");
     DeclareJson(command, options.Json);
@@ -68,8 +71,9 @@ std::size_t ResourceCount() {
 /// Follows a build through its events.
 class BuildReport {
   public:
-    explicit BuildReport(AGIGame& game)
+    BuildReport(AGIGame& game, bool keepGoing)
         : game_(game),
+          keepGoing_(keepGoing),
           diagnostics_(game),
           progress_("Building", ResourceCount()),
           subscription_(game.GameEvents().CompileGameStatus.Subscribe(
@@ -78,6 +82,8 @@ class BuildReport {
               })) {}
 
     bool Canceled() const { return canceled_; }
+    /// Whether it was canceled because something had failed.
+    bool Refused() const { return refused_; }
     std::size_t Added() const { return started_ - failed_; }
     std::size_t Failed() const { return failed_; }
     const DiagnosticList& Diagnostics() const { return diagnostics_; }
@@ -105,13 +111,16 @@ class BuildReport {
                 if (!text.starts_with("Error")) ++failed_;
                 break;
             case csWarning: warnings_.push_back(name + ": " + Split(text, "|")[1]); break;
+            // The last moment at which the former game can stay as it is.
+            case csDoneAdding: refused_ = !keepGoing_ && (failed_ > 0 || !problems_.empty()); break;
             case csCanceled: canceled_ = true; break;
             default: break;
         }
-        if (interrupted) game_.CancelCompile();
+        if (interrupted || refused_) game_.CancelCompile();
     }
 
     AGIGame& game_;
+    bool keepGoing_;
     DiagnosticList diagnostics_;
     Progress progress_;
     std::vector<std::string> problems_;
@@ -119,6 +128,7 @@ class BuildReport {
     std::size_t started_ = 0;
     std::size_t failed_ = 0;
     bool canceled_ = false;
+    bool refused_ = false;
     Subscription subscription_;
 };
 
@@ -145,6 +155,14 @@ Json VolumesIn(const fs::path& directory) {
         bytes += Files().Size(path);
     }
     return {{"volumes", volumes}, {"bytes", bytes}};
+}
+
+/// A canceled build leaves the volumes it had begun.
+void RemoveBegunVolumes(const fs::path& directory) {
+    for (int n = 0; n < 16; ++n) {
+        std::error_code ignored;
+        fs::remove(directory / ("NEW_VOL." + std::to_string(n)), ignored);
+    }
 }
 
 Json Summary(const BuildReport& report, const fs::path& directory, double seconds) {
@@ -178,7 +196,7 @@ int Run(const BuildOptions& options) {
     }
 
     const InterruptGuard guard;
-    BuildReport report(game);
+    BuildReport report(game, options.KeepGoing);
     const auto start = std::chrono::steady_clock::now();
     game.CompileGame(options.RebuildOnly, elsewhere ? target.string() : "");
     const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
@@ -188,7 +206,12 @@ int Run(const BuildOptions& options) {
     const Json summary = Summary(report, target, seconds.count());
     if (options.Json) PrintJson(summary);
     if (report.Canceled()) {
-        SayNote("canceled; the game is as it was");
+        RemoveBegunVolumes(target);
+        SayNote(report.Refused()
+                    ? std::to_string(report.Failed()) +
+                          " resources failed and nothing was written; with --keep-going the game "
+                          "is written without them"
+                    : "canceled; the game is as it was");
         return exitFailed;
     }
     if (!options.Json) PrintSummary(summary);
@@ -202,7 +225,8 @@ void AddBuildCommand(CommandLine& line) {
                              {"build", "Compiles a game and writes all its files anew, packed without gaps.",
                               "  zorvex build mygame                      compile and pack the game itself\n"
                               "  zorvex build mygame -o release           the same into another directory\n"
-                              "  zorvex build mygame --rebuild-only       only pack the volumes"},
+                              "  zorvex build mygame --rebuild-only       only pack the volumes\n"
+                              "  zorvex build mygame -o release -k        leave out what does not compile"},
                              Declare, Run);
 }
 
