@@ -93,6 +93,9 @@ TEST_P(FileSystemTest, RenameReplaceAndCopy) {
 TEST_P(FileSystemTest, FailuresHaveTheirNumbers) {
     EXPECT_EQ(NumberOf([&] { Files().Read(At("nothing")); }), reFileNotFound);
     EXPECT_EQ(NumberOf([&] { Files().Read(At("src")); }), rePathFileAccess);
+    if (FileExists("\\dev\\zero")) {
+        EXPECT_EQ(NumberOf([] { Files().Read("\\dev\\zero"); }), rePathFileAccess);
+    }
     EXPECT_EQ(NumberOf([&] { Files().Write(At("src"), {}); }), rePathFileAccess);
     EXPECT_EQ(NumberOf([&] { Files().Remove(At("nothing")); }), reFileNotFound);
     EXPECT_EQ(NumberOf([&] { Files().MakeDirectory(At("SRC")); }), rePathFileAccess);

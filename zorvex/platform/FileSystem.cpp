@@ -183,9 +183,11 @@ class SystemFiles : public FileSystem {
     ByteArray Read(std::string_view path) const override {
         const fs::path resolved = Resolve(path);
         RaiseForDirectory(resolved);
+        std::error_code code;
+        // A name in a game can lead to a device, which need not have an end.
+        if (fs::is_character_file(resolved, code)) RaiseRuntime(rePathFileAccess);
         Stream stream(resolved, "rb");
         ByteArray bytes;
-        std::error_code code;
         const std::uintmax_t size = fs::file_size(resolved, code);
         if (!code) bytes.reserve(static_cast<std::size_t>(size));
         constexpr std::size_t block = 1U << 16U;
