@@ -26,7 +26,10 @@ class DirectoryEdit {
           isV3_(isV3),
           range_{0, static_cast<std::int32_t>(file_.size())} {
         if (isV3) range_ = V3DirectoryRange(file_, type);
-        if (range_.start < 0 || range_.start > range_.end || std::cmp_greater(range_.end, file_.size())) {
+        // A damaged V3 file can have a directory that reaches into the header; an edit there would ruin the
+        // rest.
+        if (range_.start < (isV3 ? V3HeaderLength : 0) || range_.start > range_.end ||
+            std::cmp_greater(range_.end, file_.size())) {
             RaiseRuntime(reSubscript);
         }
         const double entries = RoundHalfEven((range_.end - range_.start) / 3.0 - 1);

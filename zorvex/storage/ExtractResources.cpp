@@ -1,5 +1,6 @@
 #include "zorvex/storage/ExtractResources.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
 
@@ -134,12 +135,18 @@ class Extraction {
         for (std::size_t number = 0; number < count; ++number) {
             RaiseLoadStatus(type, number);
             const std::size_t at = static_cast<std::size_t>(range.start) + number * entryLength;
-            RegisterEntry(std::span(file).subspan(at).first<entryLength>(), type, number);
+            if (RegisterEntry(std::span(file).subspan(at).first<entryLength>(), type, number)) continue;
+            // In a damaged V3 file the entry can lie in the header, which stays as it is.
+            if (Library().IsV3 && at < V3HeaderLength) continue;
+            std::fill_n(file.begin() + static_cast<std::ptrdiff_t>(at), entryLength, 255);
+            dirty_ = true;
         }
     }
 
-    void RegisterEntry(std::span<std::uint8_t, entryLength> bytes, AGIResType type, std::size_t number) {
-        if (bytes[0] == 255) return;
+    /// False for an entry that is to be blanked.
+    bool RegisterEntry(std::span<const std::uint8_t, entryLength> bytes, AGIResType type,
+                       std::size_t number) {
+        if (bytes[0] == 255) return true;
         const Entry entry{std::string(ResTypeNames[type]) + std::to_string(number), bytes[0] >> 4,
                           (bytes[0] & 15) * 65536 + bytes[1] * 256 + bytes[2]};
         ResourceCollectionBase& collection = *CollectionOf(type);
@@ -147,13 +154,11 @@ class Extraction {
         if (const auto error = Attempt([&] { collection.LoadEntry(index, entry.volume, entry.location); })) {
             WarnOfSkipped(entry, *error);
         }
-        if (const auto member = collection.Find(index)) {
-            member->DataDirty(false);
-            member->WritePropState(false);
-        } else {
-            bytes[0] = bytes[1] = bytes[2] = 255;
-            dirty_ = true;
-        }
+        const auto member = collection.Find(index);
+        if (!member) return false;
+        member->DataDirty(false);
+        member->WritePropState(false);
+        return true;
     }
 
     void WarnOfSkipped(const Entry& entry, const Error& error) {
