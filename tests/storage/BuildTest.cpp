@@ -9,14 +9,8 @@
 #include "tests/support/GameModel.h"
 #include "tests/support/MemoryFileSystem.h"
 #include "tests/support/TestFiles.h"
-#include "zorvex/game/AGIGame.h"
-#include "zorvex/game/AGIGameEvents.h"
+#include "zorvex/Zorvex.h"
 #include "zorvex/game/LibraryState.h"
-#include "zorvex/logic/AGILogics.h"
-#include "zorvex/picture/AGIPictures.h"
-#include "zorvex/platform/FileSystem.h"
-#include "zorvex/vocab/AGIInventoryObjects.h"
-#include "zorvex/vocab/AGIWordList.h"
 
 namespace zorvex {
 namespace {
@@ -160,23 +154,7 @@ TEST_F(BuildTest, ReportsBadResourcesAndGoesOn) {
     EXPECT_TRUE(game_.Pictures().Exists(1));
 }
 
-TEST_F(BuildTest, FillsVolumesWithinTheirBounds) {
-    GameBuilder builder;
-    for (int n = 0; n < 3; ++n)
-        builder.Add(rtPicture, n, test::CountingBytes(n == 2 ? 500 : 20000));
-    builder.Add(rtLogic, 0, test::SmallestLogic());
-    Open(builder);
-    const Model before = ReadModel(gameDir);
-    game_.MaxVol0Size(1);
-    game_.CompileGame(true, "");
-    EXPECT_EQ(game_.Pictures().Item(0)->Volume(), 0);
-    EXPECT_EQ(game_.Pictures().Item(1)->Volume(), 1);
-    EXPECT_EQ(game_.Pictures().Item(2)->Volume(), 1) << "volumes are filled in turn while they last";
-    EXPECT_EQ(Difference(ReadModel(gameDir), before), "");
-    EXPECT_EQ(test::FindOverlap(gameDir), "");
-}
-
-TEST_F(BuildTest, LooksBackAtVolumesLeftBehind) {
+TEST_F(BuildTest, FillsVolumesInTurnAndLooksBackAtThoseLeftBehind) {
     GameBuilder builder;
     for (int n = 0; n < 36; ++n)
         builder.Add(rtView, n, test::CountingBytes(32000), n < 18 ? 2 : 3);
@@ -187,6 +165,10 @@ TEST_F(BuildTest, LooksBackAtVolumesLeftBehind) {
     game_.CompileGame(true, "");
     EXPECT_EQ(Difference(ReadModel(gameDir), before), "");
     EXPECT_EQ(test::FindOverlap(gameDir), "");
+    EXPECT_EQ(game_.Views().Item(0)->Volume(), 0);
+    EXPECT_EQ(game_.Views().Item(1)->Volume(), 1);
+    EXPECT_EQ(game_.Views().Item(35)->Volume(), 2);
+    EXPECT_EQ(game_.Sounds().Item(0)->Volume(), 2) << "volume 0 has no room for it, 2 is at hand";
     EXPECT_LE(Files().Size(gameDir + "VOL.0"), 33005U);
     EXPECT_LE(Files().Size(gameDir + "VOL.1"), 1047552U + 5);
 }

@@ -6,12 +6,7 @@
 #include "tests/support/ExpectError.h"
 #include "tests/support/GameBuilder.h"
 #include "tests/support/MemoryFileSystem.h"
-#include "zorvex/game/AGIGame.h"
-#include "zorvex/logic/AGILogics.h"
-#include "zorvex/picture/AGIPictures.h"
-#include "zorvex/platform/FileSystem.h"
-#include "zorvex/sound/AGISounds.h"
-#include "zorvex/view/AGIViews.h"
+#include "zorvex/Zorvex.h"
 
 namespace zorvex {
 namespace {

@@ -8,14 +8,9 @@
 #include "tests/support/GameModel.h"
 #include "tests/support/MemoryFileSystem.h"
 #include "tests/support/TestFiles.h"
-#include "zorvex/game/AGIGame.h"
+#include "zorvex/Zorvex.h"
 #include "zorvex/game/GameProperties.h"
 #include "zorvex/game/LibraryState.h"
-#include "zorvex/logic/AGILogics.h"
-#include "zorvex/picture/AGIPictures.h"
-#include "zorvex/platform/FileSystem.h"
-#include "zorvex/sound/AGISounds.h"
-#include "zorvex/view/AGIViews.h"
 
 namespace zorvex {
 namespace {
@@ -175,28 +170,21 @@ TEST_F(EditingTest, MarkAllAsDirtyReachesTheDisk) {
 TEST_F(EditingTest, V3DirectoriesMoveTheirHeaderWords) {
     OpenV3();
     ByteArray file = Directory("TSTDIR");
-    ASSERT_EQ(Word(file, 2), 17);
-    ASSERT_EQ(Word(file, 4), 20);
-    ASSERT_EQ(Word(file, 6), 26);
+    const auto words = [&file] {
+        file = Directory("TSTDIR");
+        return std::vector<int>{Word(file, 0), Word(file, 2), Word(file, 4), Word(file, 6),
+                                static_cast<int>(file.size())};
+    };
+    EXPECT_EQ(words(), (std::vector<int>{8, 17, 20, 26, 41}));
     game_.Logics().Add(5);
-    file = Directory("TSTDIR");
-    EXPECT_EQ(Word(file, 0), 8);
-    EXPECT_EQ(Word(file, 2), 26);
-    EXPECT_EQ(Word(file, 4), 29);
-    EXPECT_EQ(Word(file, 6), 35);
+    EXPECT_EQ(words(), (std::vector<int>{8, 26, 29, 35, 50}));
     game_.Views().Add(2);
     game_.Sounds().Add(6);
-    file = Directory("TSTDIR");
-    EXPECT_EQ(Word(file, 4), 29);
-    EXPECT_EQ(Word(file, 6), 38);
-    EXPECT_EQ(file.size(), 38U + 21);
+    EXPECT_EQ(words(), (std::vector<int>{8, 26, 29, 38, 59}));
     game_.Logics().Remove(5);
     game_.Views().Remove(1);
     game_.Sounds().Remove(6);
-    file = Directory("TSTDIR");
-    EXPECT_EQ(Word(file, 2), 17);
-    EXPECT_EQ(Word(file, 6), 29);
-    EXPECT_EQ(file.size(), 29U + 15);
+    EXPECT_EQ(words(), (std::vector<int>{8, 17, 20, 29, 44}));
     EXPECT_EQ(test::Difference(test::ReadModel(gameDir, "TST"), test::LoadedModel()), "");
     EXPECT_EQ(test::FindOverlap(gameDir, "TST"), "");
     for (const int number : {0, 2})

@@ -8,15 +8,8 @@
 #include "tests/support/GameBuilder.h"
 #include "tests/support/GameModel.h"
 #include "tests/support/MemoryFileSystem.h"
-#include "zorvex/game/AGIGame.h"
+#include "zorvex/Zorvex.h"
 #include "zorvex/game/Faults.h"
-#include "zorvex/logic/AGILogics.h"
-#include "zorvex/picture/AGIPictures.h"
-#include "zorvex/platform/FileSystem.h"
-#include "zorvex/sound/AGISounds.h"
-#include "zorvex/view/AGIViews.h"
-#include "zorvex/vocab/AGIInventoryObjects.h"
-#include "zorvex/vocab/AGIWordList.h"
 
 namespace zorvex {
 namespace {
@@ -127,7 +120,7 @@ class KillTest : public testing::TestWithParam<bool> {
   protected:
     /// Runs an operation with some disturbance of the files; true as long as that came to pass.
     bool Check(const Operation& operation, const std::string& how,
-               const std::function<void(test::MemoryFileSystem&)>& disturb, int n, bool goesOn) {
+               const std::function<void(test::MemoryFileSystem&, int)>& disturb, int n, bool goesOn) {
         const MemoryFiles files;
         Files().MakeDirectory(gameDir);
         Files().MakeDirectory(gameDir + "src");
@@ -137,7 +130,7 @@ class KillTest : public testing::TestWithParam<bool> {
         {
             AGIGame game;
             game.OpenGameZVG(PropertyFile(GetParam()));
-            disturb(*files);
+            disturb(*files, n);
             Attempt([&] { operation.run(game); });
             const bool reached = files->Changes() >= n;
             files->Heal();
@@ -180,18 +173,12 @@ TEST_P(KillTest, LeavesAGameThatOpensWithEveryResource) {
     using test::MemoryFileSystem;
     for (const Operation& operation : operations) {
         afterAll_ = After(operation);
-        for (int n = 1;; ++n) {
-            const std::size_t partial = n % 2 == 0 ? 6 : 0;
-            if (!Check(
-                    operation, "killed at", [&](MemoryFileSystem& f) { f.KillAt(n, partial); }, n, false))
-                break;
-        }
-        for (int n = 1;; ++n) {
-            if (!Check(
-                    operation, "full disk at", [&](MemoryFileSystem& f) { f.FailAt(n, reDiskFull, 3); }, n,
-                    true))
-                break;
-        }
+        const auto kill = [](MemoryFileSystem& files, int n) { files.KillAt(n, n % 2 == 0 ? 6 : 0); };
+        const auto fill = [](MemoryFileSystem& files, int n) { files.FailAt(n, reDiskFull, 3); };
+        for (int n = 1; Check(operation, "killed at", kill, n, false);)
+            ++n;
+        for (int n = 1; Check(operation, "full disk at", fill, n, true);)
+            ++n;
     }
 }
 

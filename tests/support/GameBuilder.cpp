@@ -1,6 +1,7 @@
 #include "tests/support/GameBuilder.h"
 
 #include "zorvex/platform/FileSystem.h"
+#include "zorvex/storage/V3Directory.h"
 #include "zorvex/storage/VolManager.h"
 
 namespace zorvex::test {
@@ -67,17 +68,6 @@ GameBuilder& GameBuilder::Add(AGIResType type, int number, const ByteArray& data
     return *this;
 }
 
-GameBuilder& GameBuilder::AddStored(AGIResType type, int number, const ByteArray& stored,
-                                    std::size_t expandedSize, bool packedPicture) {
-    ByteArray& bytes = volumes_[0];
-    Entry(type, number, 0, static_cast<std::int32_t>(bytes.size()));
-    Append(bytes, {0x12, 0x34, static_cast<std::uint8_t>(packedPicture ? 0x80 : 0)});
-    AppendWord(bytes, expandedSize);
-    AppendWord(bytes, stored.size());
-    Append(bytes, stored);
-    return *this;
-}
-
 GameBuilder& GameBuilder::Entry(AGIResType type, int number, int volume, std::int32_t location) {
     ByteArray& directory = directories_[type];
     const std::size_t at = static_cast<std::size_t>(number) * 3;
@@ -102,16 +92,7 @@ ByteArray GameBuilder::Directory(AGIResType type) const {
         const ByteArray& bytes = directories_[wanted];
         return bytes.empty() ? ByteArray{255, 255, 255} : bytes;
     };
-    if (!IsV3()) return ofType(type);
-    ByteArray file;
-    std::size_t offset = 8;
-    for (const AGIResType each : {rtLogic, rtPicture, rtView, rtSound}) {
-        AppendWord(file, offset);
-        offset += ofType(each).size();
-    }
-    for (const AGIResType each : {rtLogic, rtPicture, rtView, rtSound})
-        Append(file, ofType(each));
-    return file;
+    return IsV3() ? MakeV3Directory(ofType) : ofType(type);
 }
 
 std::map<std::string, ByteArray> GameBuilder::AllFiles() const {

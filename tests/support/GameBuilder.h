@@ -32,10 +32,6 @@ class GameBuilder {
 
     /// Appends a resource to a volume and points its entry there.
     GameBuilder& Add(AGIResType type, int number, const ByteArray& data, int volume = 0);
-    /// Appends a resource as a V3 game stores it compressed: another stored form and the size that it expands
-    /// to.
-    GameBuilder& AddStored(AGIResType type, int number, const ByteArray& stored, std::size_t expandedSize,
-                           bool packedPicture = false);
     /// Sets an entry of a directory, whatever it points at.
     GameBuilder& Entry(AGIResType type, int number, int volume, std::int32_t location);
     /// Appends plain bytes to a volume.
