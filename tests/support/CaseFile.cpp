@@ -21,7 +21,6 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::string_view sectionMark = "===";
-constexpr std::string_view escapedMark = "\\===";
 
 std::string TextOfError(const Error& error) {
     const bool fromCatalogue = error.Id() >= 0 && error.Id() < 0x10000;
@@ -130,14 +129,13 @@ CaseFile::CaseFile(std::string name, std::string_view text) : name_(std::move(na
     std::string* part = &remark_;
     while (!text.empty()) {
         const std::size_t end = std::min(text.find('\n'), text.size());
-        std::string_view line = text.substr(0, end);
+        const std::string_view line = text.substr(0, end);
         text.remove_prefix(std::min(end + 1, text.size()));
         if (line.starts_with(sectionMark)) {
             part = &sections_.emplace_back(std::string(Trim(line.substr(sectionMark.size()))), "").second;
-            continue;
+        } else {
+            part->append(line).push_back('\n');
         }
-        if (line.starts_with(escapedMark)) line.remove_prefix(1);
-        part->append(line).push_back('\n');
     }
 }
 
@@ -174,12 +172,7 @@ std::string CaseFile::With(std::string_view section, std::string_view text) cons
     std::string whole = remark_;
     for (auto& [name, content] : changed.sections_) {
         if (name == section) content = text;
-        whole.append(sectionMark).append(" ").append(name).append("\n");
-        std::istringstream lines(content);
-        for (std::string line; std::getline(lines, line);) {
-            if (line.starts_with(sectionMark)) whole.append("\\");
-            whole.append(line).append("\n");
-        }
+        whole.append(sectionMark).append(" ").append(name).append("\n").append(content);
     }
     return whole;
 }

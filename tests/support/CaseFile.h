@@ -19,7 +19,7 @@
 //
 // A case whose name begins with "bad-" must fail, any other must not. With the environment variable
 // ZORVEX_REBASE=1, or the argument --rebase to the test program, the expectations are rewritten with the
-// present output, to be read as a diff. Lines that begin with "===" can stand in a text as "\===".
+// present output, to be read as a diff.
 #pragma once
 
 #include <functional>
@@ -68,9 +68,8 @@ struct CaseResult {
 void RunCases(std::string_view kind, const std::function<CaseResult(const CaseFile&)>& run);
 
 /// Bytes from readable text: pairs of hexadecimal digits with or without blanks between them, texts in double
-/// quotes,
-/// "*N" to repeat the byte or text before it N times in all, and comments from "#" to the end of the line.
-/// Throws std::invalid_argument for anything else.
+/// quotes, "*N" to repeat the byte or text before it N times in all, and comments from "#" to the end of the
+/// line. Throws std::invalid_argument for anything else.
 ByteArray BytesOfText(std::string_view text);
 
 /// Bytes as such text: sixteen a line, with their offset and characters as a comment.

@@ -69,7 +69,7 @@ bool IsOffScreen(Args c) {
 bool IsKeyOfOwnUse(Args c) {
     const auto key = c.a[1];
     const bool function = (key >= 71 && key <= 73) || (key >= 75 && key <= 77) || (key >= 79 && key <= 83);
-    return c.a[0] == 0 && function && key != 78 && key != 74;
+    return c.a[0] == 0 && function;
 }
 /// A sum past 255 counts as inside.
 bool IsInPicture(int row, int top) {
