@@ -1,37 +1,23 @@
 // Whole builds: their events, cancelling, the exchange of files, other directories and the other generation.
-#include <gtest/gtest.h>
-
 #include <algorithm>
-#include <vector>
 
-#include "tests/support/ExpectError.h"
-#include "tests/support/GameBuilder.h"
-#include "tests/support/GameModel.h"
-#include "tests/support/MemoryFileSystem.h"
+#include "tests/storage/StorageTest.h"
 #include "tests/support/TestFiles.h"
-#include "zorvex/Zorvex.h"
 #include "zorvex/game/LibraryState.h"
 
 namespace zorvex {
 namespace {
 
-using test::Difference;
-using test::GameBuilder;
-using test::MemoryFiles;
-using test::Model;
-using test::ReadModel;
-using test::SampleResource;
+using namespace test;
 
-const std::string gameDir = "\\game\\";
 const std::string otherDir = "\\other\\";
 
-class BuildTest : public testing::Test {
+class BuildTest : public StorageTest {
   protected:
     BuildTest() { files_->MakeDirectory("\\other"); }
 
     void Open(const GameBuilder& builder) {
-        builder.WriteTo(gameDir);
-        if (Files().Kind(gameDir + "src") == FileKind::None) files_->MakeDirectory(gameDir + "src");
+        Write(builder);
         game_.OpenGameDIR(gameDir);
         watch_ = game_.GameEvents().CompileGameStatus.Subscribe(
             [this](ECStatus status, AGIResType type, std::uint8_t number, const std::string& text) {
@@ -51,10 +37,6 @@ class BuildTest : public testing::Test {
         return builder;
     }
 
-    bool Exists(const std::string& path) const { return Files().Kind(path) == FileKind::File; }
-
-    MemoryFiles files_;
-    AGIGame game_;
     Subscription watch_;
     std::vector<std::string> events_;
     int cancelAt_ = 0;
@@ -77,13 +59,13 @@ TEST_F(BuildTest, PacksWithoutGapsAndSetsTheOldFilesAside) {
     EXPECT_EQ(Files().Read(gameDir + "VOL.0.OLD"), oldVolume);
     EXPECT_EQ(Files().Read(gameDir + "VIEWDIR.OLD"), oldDirectory);
     EXPECT_TRUE(FilesMatching(gameDir, "NEW_*").empty());
-    EXPECT_EQ(Difference(test::LoadedModel(), before), "") << "the open game knows the new places";
+    EXPECT_EQ(Difference(LoadedModel(), before), "") << "the open game knows the new places";
     game_.Pictures().Item(1)->Load();
     EXPECT_FALSE(game_.Logics().Item(0)->Loaded());
 
     game_.Logics().Remove(0);
     game_.CompileGame(true, "/game/.");
-    EXPECT_EQ(Difference(test::LoadedModel(), ReadModel(gameDir)), "") << "the same directory in other words";
+    EXPECT_EQ(Difference(LoadedModel(), ReadModel(gameDir)), "") << "the same directory in other words";
     EXPECT_EQ(Files().Size(gameDir + "VOL.0.OLD"), length) << "the backups are those of the last run";
     EXPECT_FALSE(Exists(gameDir + "VOL.1.OLD"));
     EXPECT_TRUE(game_.Pictures().Item(1)->Loaded()) << "what was loaded stays so";
@@ -103,7 +85,7 @@ TEST_F(BuildTest, LeavesTheGameAloneWhenItGoesElsewhere) {
                                                  "3 0:0", "4 0:0"}));
     EXPECT_EQ(game_.Logics().Item(0)->Loc(), loc);
     EXPECT_EQ(Difference(ReadModel(gameDir), before), "");
-    EXPECT_EQ(Difference(test::LoadedModel(), before), "");
+    EXPECT_EQ(Difference(LoadedModel(), before), "");
     EXPECT_EQ(Files().Read(otherDir + "WORDS.OLD"), ByteArray{1});
     EXPECT_EQ(Files().Read(otherDir + "WORDS.TOK"), Files().Read(gameDir + "WORDS.TOK"));
     EXPECT_FALSE(game_.VocabularyWords()->IsDirty());
@@ -140,7 +122,7 @@ TEST_F(BuildTest, CanBeCanceledAtEveryEventBeforeTheExchange) {
 
 TEST_F(BuildTest, ReportsBadResourcesAndGoesOn) {
     Open(Sample());
-    Files().Write(gameDir + "src\\Logic0.lgc", test::Bytes("nonsense"));
+    Files().Write(gameDir + "src\\Logic0.lgc", Bytes("nonsense"));
     Files().WriteAt(gameDir + "VOL.1", 5, ByteArray{0});  // the picture's header
     game_.CompileGame(false, "");
     ASSERT_GE(events_.size(), 7U);
@@ -157,14 +139,14 @@ TEST_F(BuildTest, ReportsBadResourcesAndGoesOn) {
 TEST_F(BuildTest, FillsVolumesInTurnAndLooksBackAtThoseLeftBehind) {
     GameBuilder builder;
     for (int n = 0; n < 36; ++n)
-        builder.Add(rtView, n, test::CountingBytes(32000), n < 18 ? 2 : 3);
-    builder.Add(rtSound, 0, test::CountingBytes(700), 2);
+        builder.Add(rtView, n, CountingBytes(32000), n < 18 ? 2 : 3);
+    builder.Add(rtSound, 0, CountingBytes(700), 2);
     Open(builder);
     const Model before = ReadModel(gameDir);
     game_.MaxVol0Size(33000);
     game_.CompileGame(true, "");
     EXPECT_EQ(Difference(ReadModel(gameDir), before), "");
-    EXPECT_EQ(test::FindOverlap(gameDir), "");
+    EXPECT_EQ(FindOverlap(gameDir), "");
     EXPECT_EQ(game_.Views().Item(0)->Volume(), 0);
     EXPECT_EQ(game_.Views().Item(1)->Volume(), 1);
     EXPECT_EQ(game_.Views().Item(35)->Volume(), 2);
@@ -189,7 +171,7 @@ TEST_F(BuildTest, ChangesTheGenerationThereAndBack) {
     game_.InterpreterVersion("3.002149");
     EXPECT_EQ(game_.InterpreterVersion(), "3.002149");
     EXPECT_EQ(Difference(ReadModel(gameDir, "LONGI"), before), "");
-    EXPECT_EQ(Difference(test::LoadedModel(), before), "");
+    EXPECT_EQ(Difference(LoadedModel(), before), "");
     EXPECT_EQ(Difference(ReadModel(gameDir), before), "") << "the files of the old layout stay";
     const std::map<std::string, ByteArray> there = files_->All();
     game_.InterpreterVersion("3.002098");
@@ -202,14 +184,14 @@ TEST_F(BuildTest, ChangesTheGenerationThereAndBack) {
 
     game_.InterpreterVersion("2.936");
     EXPECT_EQ(Difference(ReadModel(gameDir), before), "");
-    EXPECT_EQ(Difference(test::LoadedModel(), before), "");
+    EXPECT_EQ(Difference(LoadedModel(), before), "");
 }
 
 TEST_F(BuildTest, AFailedChangeOfGenerationNamesTheCause) {
     Open(Sample());
     files_->FailAt(1, rePermissionDenied);
-    const auto error = test::RaisedBy([&] { game_.InterpreterVersion("3.002149"); });
-    ASSERT_TRUE(error && error->Is(641)) << test::Shown(error);
+    const auto error = RaisedBy([&] { game_.InterpreterVersion("3.002149"); });
+    ASSERT_TRUE(error && error->Is(641)) << Shown(error);
     EXPECT_NE(error->Description().find("File access error while creating temporary DIR file: (70:"),
               std::string::npos)
         << error->Description();

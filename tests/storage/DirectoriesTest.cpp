@@ -1,28 +1,15 @@
 // Opening a game by its directory files: every length, damaged entries, and what is said of them.
-#include <gtest/gtest.h>
-
 #include <algorithm>
 
-#include "tests/support/ExpectError.h"
-#include "tests/support/GameBuilder.h"
-#include "tests/support/MemoryFileSystem.h"
-#include "zorvex/Zorvex.h"
+#include "tests/storage/StorageTest.h"
 
 namespace zorvex {
 namespace {
 
-using test::GameBuilder;
-using test::MemoryFiles;
+using namespace test;
 
-const std::string gameDir = "\\game\\";
-
-class DirectoriesTest : public testing::Test {
+class DirectoriesTest : public StorageTest {
   protected:
-    void Write(const GameBuilder& builder) {
-        builder.WriteTo(gameDir);
-        if (Files().Kind(gameDir + "src") == FileKind::None) files_->MakeDirectory(gameDir + "src");
-    }
-
     /// The warnings of the log without their dates.
     std::vector<std::string> Warnings() const {
         std::vector<std::string> texts;
@@ -33,14 +20,11 @@ class DirectoriesTest : public testing::Test {
             texts.push_back(log.substr(at + 9, log.find('\r', at) - at - 9));
         return texts;
     }
-
-    MemoryFiles files_;
-    AGIGame game_;
 };
 
 GameBuilder V2Game() {
     GameBuilder builder;
-    builder.Add(rtLogic, 0, test::SmallestLogic()).Add(rtPicture, 0, {0xFF});
+    builder.Add(rtLogic, 0, SmallestLogic()).Add(rtPicture, 0, {0xFF});
     return builder;
 }
 
@@ -53,8 +37,8 @@ TEST_F(DirectoriesTest, V2FilesOfEveryLength) {
         Files().Write(gameDir + "PICDIR", entries);
     };
     withPictures(0);
-    const auto empty = test::RaisedBy([&] { game_.OpenGameDIR(gameDir); });
-    ASSERT_TRUE(empty && empty->Number() == 511) << test::Shown(empty);
+    const auto empty = RaisedBy([&] { game_.OpenGameDIR(gameDir); });
+    ASSERT_TRUE(empty && empty->Number() == 511) << Shown(empty);
     EXPECT_EQ(empty->Description(), "PICDIR file is invalid");
     EXPECT_EQ(empty->Source(), "agiGame");
     EXPECT_FALSE(game_.GameLoaded());
@@ -79,11 +63,11 @@ TEST_F(DirectoriesTest, V2FilesOfEveryLength) {
 
 TEST_F(DirectoriesTest, V3FilesOfEveryLength) {
     GameBuilder builder("TST");
-    builder.Add(rtLogic, 0, test::SmallestLogic());
+    builder.Add(rtLogic, 0, SmallestLogic());
     Write(builder);
     const auto open = [&](const ByteArray& file) {
         Files().Write(gameDir + "TSTDIR", file);
-        return test::RaisedBy([&] { game_.OpenGameDIR(gameDir); });
+        return RaisedBy([&] { game_.OpenGameDIR(gameDir); });
     };
     const auto refused = [&](const ByteArray& file) {
         const auto error = open(file);
@@ -115,14 +99,14 @@ TEST_F(DirectoriesTest, V3FilesOfEveryLength) {
     large[0] = 8;
     large[1] = 0;
     const auto error = open(large);
-    EXPECT_TRUE(error && error->Is(636)) << test::Shown(error);
+    EXPECT_TRUE(error && error->Is(636)) << Shown(error);
     EXPECT_EQ(Warnings(), std::vector<std::string>{
                               "LOG portion of DIR file is larger than expected; it may be corrupted"});
 }
 
 TEST_F(DirectoriesTest, BlanksBadEntriesAndKeepsTheFormerFile) {
     GameBuilder builder = V2Game();
-    builder.Add(rtLogic, 7, test::SmallestLogic());
+    builder.Add(rtLogic, 7, SmallestLogic());
     builder.Entry(rtPicture, 2, 3, 5).Entry(rtPicture, 4, 0, 0x23456).Entry(rtPicture, 6, 0, 12);
     builder.Fill(0, 3)
         .Entry(rtView, 1, 0, builder.VolumeSize(0))
@@ -156,7 +140,7 @@ TEST_F(DirectoriesTest, BlanksBadEntriesAndKeepsTheFormerFile) {
 
 TEST_F(DirectoriesTest, ThePropertyFileVouchesForAResource) {
     GameBuilder builder("TST");
-    builder.Add(rtLogic, 0, test::SmallestLogic()).Add(rtView, 5, test::SmallestView());
+    builder.Add(rtLogic, 0, SmallestLogic()).Add(rtView, 5, SmallestView());
     Write(builder);
     game_.OpenGameDIR(gameDir);
     game_.Views().Item(5)->ID("Hero");

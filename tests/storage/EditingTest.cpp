@@ -1,27 +1,17 @@
 // The collections: what they hold, and adding, removing and renumbering resources.
-#include <gtest/gtest.h>
-
 #include <algorithm>
 
-#include "tests/support/ExpectError.h"
-#include "tests/support/GameBuilder.h"
-#include "tests/support/GameModel.h"
-#include "tests/support/MemoryFileSystem.h"
+#include "tests/storage/StorageTest.h"
 #include "tests/support/TestFiles.h"
-#include "zorvex/Zorvex.h"
 #include "zorvex/game/GameProperties.h"
 #include "zorvex/game/LibraryState.h"
 
 namespace zorvex {
 namespace {
 
-using test::GameBuilder;
-using test::MemoryFiles;
-using test::SampleResource;
+using namespace test;
 
-const std::string gameDir = "\\game\\";
-
-class EditingTest : public testing::Test {
+class EditingTest : public StorageTest {
   protected:
     EditingTest() { Open(Sample("")); }
 
@@ -32,8 +22,7 @@ class EditingTest : public testing::Test {
         return builder;
     }
     void Open(const GameBuilder& builder) {
-        builder.WriteTo(gameDir);
-        if (Files().Kind(gameDir + "src") == FileKind::None) files_->MakeDirectory(gameDir + "src");
+        Write(builder);
         game_.OpenGameDIR(gameDir);
     }
     void OpenV3() {
@@ -44,9 +33,6 @@ class EditingTest : public testing::Test {
     }
     static ByteArray Directory(const std::string& name) { return Files().Read(gameDir + name); }
     static int Word(const ByteArray& bytes, std::size_t at) { return bytes[at] + bytes[at + 1] * 256; }
-
-    MemoryFiles files_;
-    AGIGame game_;
 };
 
 TEST_F(EditingTest, CollectionsAnswerByNumberAndWalkInOrder) {
@@ -89,16 +75,16 @@ TEST_F(EditingTest, AddMakesIDsUniqueAndGrowsTheDirectory) {
     EXPECT_EQ(third->SourceFile(), gameDir + "src\\Room_2.lgc");
     EXPECT_NE(third->Loc(), logic->Loc());
     files_->FailAt(1, reDiskFull);
-    const auto error = test::RaisedBy([&] { game_.Views().Add(9); });
+    const auto error = RaisedBy([&] { game_.Views().Add(9); });
     EXPECT_TRUE(error && error->Is(649) && error->Description().find("61:") != std::string::npos)
-        << test::Shown(error);
+        << Shown(error);
     EXPECT_TRUE(game_.Views().Exists(9)) << "it stays, incomplete";
     files_->Heal();
     const ByteArray sounds = Directory("SNDDIR");
     game_.Views().Remove(9);
     EXPECT_EQ(Directory("VIEWDIR").size(), 6U);
     EXPECT_EQ(Directory("SNDDIR"), sounds);
-    EXPECT_EQ(test::FindOverlap(gameDir), "");
+    EXPECT_EQ(FindOverlap(gameDir), "");
 }
 
 TEST_F(EditingTest, RemoveBlanksTheEntryAndLeavesTheVolume) {
@@ -127,7 +113,7 @@ TEST_F(EditingTest, RenumberMovesNothingButTheEntryAndTheName) {
     const auto logic = game_.Logics().Item(2);
     logic->Description("cellar");
     logic->Unload();
-    Files().Write(gameDir + "src\\Logic9.lgc", test::Bytes("older"));
+    Files().Write(gameDir + "src\\Logic9.lgc", Bytes("older"));
     const ByteArray source = Files().Read(gameDir + "src\\Logic2.lgc");
     game_.Logics().Renumber(2, 9);
     EXPECT_EQ(game_.Logics().Item(9), logic);
@@ -154,7 +140,7 @@ TEST_F(EditingTest, RenumberMovesNothingButTheEntryAndTheName) {
     EXPECT_ERROR_TEXT(669, "Can't renumber; new number is already in use", game_.Views().Renumber(7, 8));
     EXPECT_ERROR(670, game_.Views().Renumber(99, 100));
     game_.Views().Renumber(99, 99);
-    EXPECT_EQ(test::Difference(test::ReadModel(gameDir), test::LoadedModel()), "");
+    EXPECT_EQ(Difference(ReadModel(gameDir), LoadedModel()), "");
 }
 
 TEST_F(EditingTest, MarkAllAsDirtyReachesTheDisk) {
@@ -185,8 +171,8 @@ TEST_F(EditingTest, V3DirectoriesMoveTheirHeaderWords) {
     game_.Views().Remove(1);
     game_.Sounds().Remove(6);
     EXPECT_EQ(words(), (std::vector<int>{8, 17, 20, 29, 44}));
-    EXPECT_EQ(test::Difference(test::ReadModel(gameDir, "TST"), test::LoadedModel()), "");
-    EXPECT_EQ(test::FindOverlap(gameDir, "TST"), "");
+    EXPECT_EQ(Difference(ReadModel(gameDir, "TST"), LoadedModel()), "");
+    EXPECT_EQ(FindOverlap(gameDir, "TST"), "");
     for (const int number : {0, 2})
         game_.Logics().Remove(static_cast<std::uint8_t>(number));
     game_.Views().Remove(2);
@@ -231,8 +217,8 @@ TEST_F(EditingTest, SavesIntoTheFirstGapThatFits) {
         EXPECT_EQ(pictures.Item(2)->SizeInVol(), 65000);
         EXPECT_ERROR(516, SaveSize(*pictures.Item(2), 65536));
         pictures.Item(2)->Unload();
-        EXPECT_EQ(test::FindOverlap(gameDir, isV3 ? "TST" : ""), "");
-        EXPECT_EQ(test::Difference(test::ReadModel(gameDir, isV3 ? "TST" : ""), test::LoadedModel()), "");
+        EXPECT_EQ(FindOverlap(gameDir, isV3 ? "TST" : ""), "");
+        EXPECT_EQ(Difference(ReadModel(gameDir, isV3 ? "TST" : ""), LoadedModel()), "");
     }
 }
 
@@ -248,11 +234,11 @@ TEST_F(EditingTest, GoesOnToFurtherVolumesUntilAllAreFull) {
     EXPECT_EQ(number, 17);
     EXPECT_EQ(game_.Pictures().Item(16)->Loc(), 0);
     std::optional<Error> error;
-    while (!(error = test::RaisedBy(addLarge)) && number < 100) {
+    while (!(error = RaisedBy(addLarge)) && number < 100) {
     }
-    EXPECT_TRUE(error && error->Is(593)) << test::Shown(error);
+    EXPECT_TRUE(error && error->Is(593)) << Shown(error);
     EXPECT_EQ(number, 16 * 5 + 1);
-    EXPECT_EQ(test::FindOverlap(gameDir), "");
+    EXPECT_EQ(FindOverlap(gameDir), "");
     EXPECT_EQ(Files().Kind(gameDir + "VOL.5"), FileKind::None);
 }
 

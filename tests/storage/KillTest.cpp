@@ -1,25 +1,15 @@
 // Whatever breaks off an operation at any single change of a file: the game opens again, and every resource
 // is there, as before or as after.
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <functional>
 
-#include "tests/support/GameBuilder.h"
-#include "tests/support/GameModel.h"
-#include "tests/support/MemoryFileSystem.h"
-#include "zorvex/Zorvex.h"
+#include "tests/storage/StorageTest.h"
 #include "zorvex/game/Faults.h"
 
 namespace zorvex {
 namespace {
 
-using test::GameBuilder;
-using test::MemoryFiles;
-using test::Model;
-using test::SampleResource;
-
-const std::string gameDir = "\\game\\";
+using namespace test;
 
 struct Operation {
     std::string name;
@@ -95,7 +85,7 @@ Model Reopened(bool isV3, std::string& fault) {
         fault = error->Description();
         return {};
     }
-    return test::LoadedModel();
+    return LoadedModel();
 }
 
 bool HasBytes(const Model& model, const ByteArray& bytes) {
@@ -120,7 +110,7 @@ class KillTest : public testing::TestWithParam<bool> {
   protected:
     /// Runs an operation with some disturbance of the files; true as long as that came to pass.
     bool Check(const Operation& operation, const std::string& how,
-               const std::function<void(test::MemoryFileSystem&, int)>& disturb, int n, bool goesOn) {
+               const std::function<void(MemoryFileSystem&, int)>& disturb, int n, bool goesOn) {
         const MemoryFiles files;
         Files().MakeDirectory(gameDir);
         Files().MakeDirectory(gameDir + "src");
@@ -170,7 +160,7 @@ class KillTest : public testing::TestWithParam<bool> {
 };
 
 TEST_P(KillTest, LeavesAGameThatOpensWithEveryResource) {
-    using test::MemoryFileSystem;
+    using namespace test;
     for (const Operation& operation : operations) {
         afterAll_ = After(operation);
         const auto kill = [](MemoryFileSystem& files, int n) { files.KillAt(n, n % 2 == 0 ? 6 : 0); };

@@ -1,21 +1,14 @@
 // Thousands of random edits, of logics with their source files too, watched by a model in memory and a reader
 // of its own.
-#include <gtest/gtest.h>
-
 #include <cstdlib>
 #include <random>
 
-#include "tests/support/GameBuilder.h"
-#include "tests/support/GameModel.h"
-#include "tests/support/MemoryFileSystem.h"
-#include "zorvex/Zorvex.h"
+#include "tests/storage/StorageTest.h"
 
 namespace zorvex {
 namespace {
 
-using test::Model;
-
-const std::string gameDir = "\\game\\";
+using namespace test;
 
 /// ZORVEX_STORM gives the number of edits of each generation.
 int EditCount() {
@@ -26,8 +19,8 @@ int EditCount() {
 class Storm {
   public:
     Storm(const std::string& v3ID, unsigned seed) : id_(v3ID), random_(seed) {
-        test::GameBuilder builder(id_);
-        builder.Add(rtLogic, 0, test::SmallestLogic()).WriteTo(gameDir);
+        GameBuilder builder(id_);
+        builder.Add(rtLogic, 0, SmallestLogic()).WriteTo(gameDir);
         Files().MakeDirectory(gameDir + "src");
         game_.OpenGameDIR(gameDir);
         Compile(*game_.Logics().Item(0));
@@ -75,7 +68,7 @@ class Storm {
 
     void Save(GameResource& resource) {
         if (resource.ResType() == rtLogic) return Compile(static_cast<AGILogic&>(resource));
-        const ByteArray bytes = test::SampleResource(resource.ResType(), Pick(Pick(8) == 0 ? 30000 : 600));
+        const ByteArray bytes = SampleResource(resource.ResType(), Pick(Pick(8) == 0 ? 30000 : 600));
         resource.Resource().SetAllData(bytes);
         resource.Resource().Save();
         resource.Unload();
@@ -96,11 +89,11 @@ class Storm {
     }
 
     void Check(int edits) {
-        EXPECT_EQ(test::Difference(test::ReadModel(gameDir, id_), model_), "") << "after " << edits;
-        EXPECT_EQ(test::FindOverlap(gameDir, id_), "") << "after " << edits;
+        EXPECT_EQ(Difference(ReadModel(gameDir, id_), model_), "") << "after " << edits;
+        EXPECT_EQ(FindOverlap(gameDir, id_), "") << "after " << edits;
         game_.CloseGame();
         game_.OpenGameZVG(gameDir + (id_.empty() ? "AGI.zvg" : id_ + ".zvg"));
-        EXPECT_EQ(test::Difference(test::LoadedModel(), model_), "") << "after " << edits;
+        EXPECT_EQ(Difference(LoadedModel(), model_), "") << "after " << edits;
         for (const auto& logic : game_.Logics()) {
             logic->Load();
             EXPECT_EQ(logic->SourceText(), sources_[logic->Number()]) << "after " << edits;
@@ -118,7 +111,7 @@ class Storm {
 
 TEST(Storm, EditsNeverLoseOrOverlapAResource) {
     for (const std::string id : {"", "TST"}) {
-        const test::MemoryFiles files;
+        const MemoryFiles files;
         Storm(id, 7).Run(EditCount());
     }
 }

@@ -1,0 +1,32 @@
+// What the tests of storage share: a game in a file system in memory.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/support/ExpectError.h"
+#include "tests/support/GameBuilder.h"
+#include "tests/support/GameModel.h"
+#include "tests/support/MemoryFileSystem.h"
+#include "zorvex/Zorvex.h"
+
+namespace zorvex::test {
+
+inline const std::string gameDir = "\\game\\";
+
+class StorageTest : public testing::Test {
+  protected:
+    /// Writes the files of a game into its directory, beside its source directory.
+    void Write(const GameBuilder& builder) {
+        builder.WriteTo(gameDir);
+        if (Files().Kind(gameDir + "src") == FileKind::None) files_->MakeDirectory(gameDir + "src");
+    }
+    static bool Exists(const std::string& path) { return Files().Kind(path) == FileKind::File; }
+
+    MemoryFiles files_;
+    AGIGame game_;
+};
+
+}  // namespace zorvex::test
