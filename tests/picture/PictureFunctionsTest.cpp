@@ -2,10 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
 #include <set>
 
-#include "tests/support/PlainPicture.h"
 #include "zorvex/game/Error.h"
 #include "zorvex/game/LibraryState.h"
 
@@ -228,35 +226,6 @@ TEST(PictureEngine, PenIsKeptAtTheStatusPosition) {
     const PenStatus before = GetToolStatus();
     const Drawing drawing({0xF0, 7, 0xFF, 0, 0, 0, 0xFF}, -1, 4);
     EXPECT_EQ(GetToolStatus(), before);
-}
-
-/// Streams that are mostly sense: colours, lines and pens over the whole screen, and fills among them.
-ByteArray RandomStream(std::mt19937& random) {
-    ByteArray stream;
-    const auto byte = [&](unsigned below) { stream.push_back(static_cast<std::uint8_t>(random() % below)); };
-    for (auto commands = random() % 40; commands > 0; --commands) {
-        stream.push_back(static_cast<std::uint8_t>(0xF0 + random() % 11));
-        const std::uint8_t code = stream.back();
-        if (code == dfEnableVis || code == dfEnablePri) byte(random() % 20 == 0 ? 256 : 16);
-        if (code == dfChangePen) byte(64);
-        if (code < dfYCorner || code == dfChangePen) continue;
-        for (auto operands = 2 + random() % 12; operands > 0; --operands)
-            byte(random() % 30 == 0 ? 240 : 165);
-    }
-    stream.push_back(dfEnd);
-    return stream;
-}
-
-TEST(PictureEngine, DrawsAsPixelByPixel) {
-    std::mt19937 random(7);
-    for (int i = 0; i < 300; ++i) {
-        const ByteArray stream = RandomStream(random);
-        const Drawing drawing(stream);
-        const test::PlainPicture plain(stream);
-        ASSERT_EQ(drawing.level, plain.Level) << "stream " << i;
-        ASSERT_TRUE(drawing.vis == plain.Vis) << "stream " << i;
-        ASSERT_TRUE(drawing.pri == plain.Pri) << "stream " << i;
-    }
 }
 
 }  // namespace

@@ -8,7 +8,7 @@
 
 #include "zorvex/picture/PictureTypes.h"
 
-namespace zorvex::test {
+namespace zorvex::fuzz {
 
 class PlainPicture {
   public:
@@ -167,4 +167,4 @@ class PlainPicture {
     bool filling_ = false;
 };
 
-}  // namespace zorvex::test
+}  // namespace zorvex::fuzz
