@@ -64,11 +64,9 @@ ByteArray LzwCompressed(ByteView plain) {
                 writer.Put(256, width);
                 table.clear();
                 width = 9;
-                readerNext = 258;
+                readerNext = 257;  // after a reset the first byte makes no entry
                 next = 258;
                 text = -1;
-                // After a reset the first byte makes no entry.
-                readerNext = 257;
             }
         }
     }
