@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "fuzz/Check.h"
-#include "tests/support/MemoryFileSystem.h"
+#include "tests/support/FailingFiles.h"
 #include "zorvex/game/AGIGame.h"
 #include "zorvex/game/Faults.h"
 #include "zorvex/game/LibraryState.h"

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "fuzz/Check.h"
-#include "tests/support/MemoryFileSystem.h"
+#include "tests/support/FailingFiles.h"
 #include "zorvex/game/Faults.h"
 #include "zorvex/game/GameProperties.h"
 #include "zorvex/game/LibraryState.h"

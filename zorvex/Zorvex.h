@@ -21,6 +21,7 @@
 #include "zorvex/platform/Bitmaps.h"
 #include "zorvex/platform/Clock.h"
 #include "zorvex/platform/FileSystem.h"
+#include "zorvex/platform/MemoryFileSystem.h"
 #include "zorvex/platform/Media.h"
 #include "zorvex/platform/Notices.h"
 #include "zorvex/screen/AGIScreenObjects.h"

@@ -1,6 +1,6 @@
 #include "zorvex/platform/FileSystem.h"
 
-#include "tests/support/MemoryFileSystem.h"
+#include "tests/support/FailingFiles.h"
 #include "tests/support/TestFiles.h"
 #include "zorvex/game/Faults.h"
 #include "zorvex/game/Helpers.h"

@@ -1,7 +1,7 @@
 #include "zorvex/game/GameProperties.h"
 
 #include "tests/support/CaseFile.h"
-#include "tests/support/MemoryFileSystem.h"
+#include "tests/support/FailingFiles.h"
 #include "tests/support/TestFiles.h"
 #include "zorvex/game/Faults.h"
 #include "zorvex/game/LibraryState.h"

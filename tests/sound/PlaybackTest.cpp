@@ -1,5 +1,5 @@
 #include "tests/sound/SoundSupport.h"
-#include "tests/support/MemoryFileSystem.h"
+#include "tests/support/FailingFiles.h"
 #include "zorvex/sound/SndSubclass.h"
 
 namespace zorvex::test {

@@ -116,7 +116,7 @@ class KillTest : public testing::TestWithParam<bool> {
   protected:
     /// Runs an operation with some disturbance of the files; true as long as that came to pass.
     bool Check(const Operation& operation, const std::string& how,
-               const std::function<void(MemoryFileSystem&, int)>& disturb, int n, bool goesOn) {
+               const std::function<void(FailingFileSystem&, int)>& disturb, int n, bool goesOn) {
         const MemoryFiles files;
         Files().MakeDirectory(gameDir);
         Files().MakeDirectory(gameDir + "src");
@@ -165,8 +165,8 @@ TEST_P(KillTest, LeavesAGameThatOpensWithEveryResource) {
     using namespace test;
     for (const Operation& operation : operations) {
         afterAll_ = After(operation);
-        const auto kill = [](MemoryFileSystem& files, int n) { files.KillAt(n, n % 2 == 0 ? 6 : 0); };
-        const auto fill = [](MemoryFileSystem& files, int n) { files.FailAt(n, reDiskFull, 3); };
+        const auto kill = [](FailingFileSystem& files, int n) { files.KillAt(n, n % 2 == 0 ? 6 : 0); };
+        const auto fill = [](FailingFileSystem& files, int n) { files.FailAt(n, reDiskFull, 3); };
         for (int n = 1; Check(operation, "killed at", kill, n, false);)
             ++n;
         for (int n = 1; Check(operation, "full disk at", fill, n, true);)

@@ -14,7 +14,7 @@
 #include <string_view>
 #include <vector>
 
-#include "tests/support/MemoryFileSystem.h"
+#include "zorvex/platform/MemoryFileSystem.h"
 #include "zorvex/compiler/AGILogicSourceSettings.h"
 #include "zorvex/game/AGIGameEvents.h"
 #include "zorvex/logic/AGILogics.h"

@@ -1,43 +1,16 @@
-#include "tests/support/MemoryFileSystem.h"
+#include "zorvex/platform/MemoryFileSystem.h"
 
 #include <algorithm>
 
 #include "zorvex/game/Error.h"
 #include "zorvex/game/Helpers.h"
-#include "zorvex/game/LibraryState.h"
 #include "zorvex/game/Text.h"
 
-namespace zorvex::test {
+namespace zorvex {
 
 MemoryFileSystem::MemoryFileSystem() {
     for (const char* path : {"", "\\work", "\\temp"})
         nodes_[path] = {path, FileKind::Directory, {}, {}};
-}
-
-void MemoryFileSystem::FailAt(int n, std::int32_t error, std::size_t partial) {
-    changes_ = 0;
-    failFrom_ = failUntil_ = n;
-    error_ = error;
-    partial_ = partial;
-}
-
-void MemoryFileSystem::KillAt(int n, std::size_t partial) {
-    FailAt(n, reDeviceIO, partial);
-    failUntil_ = std::numeric_limits<int>::max();
-}
-
-void MemoryFileSystem::Heal() {
-    FailAt(0, 0);
-}
-
-void MemoryFileSystem::Permit::Finish() const {
-    if (error != 0) RaiseRuntime(error);
-}
-
-MemoryFileSystem::Permit MemoryFileSystem::Change() {
-    ++changes_;
-    if (failFrom_ == 0 || changes_ < failFrom_ || changes_ > failUntil_) return {};
-    return {changes_ == failFrom_ ? partial_ : 0, error_};
 }
 
 std::map<std::string, ByteArray> MemoryFileSystem::All() const {
@@ -124,34 +97,19 @@ ByteArray MemoryFileSystem::ReadAt(std::string_view path, std::uint64_t offset, 
 }
 
 void MemoryFileSystem::Write(std::string_view path, ByteView bytes) {
-    const Permit permit = Change();
-    if (permit.error == 0 || permit.bytes > 0) {
-        const ByteView part = bytes.first(std::min(bytes.size(), permit.bytes));
-        FileFor(path).bytes.assign(part.begin(), part.end());
-    }
-    permit.Finish();
+    FileFor(path).bytes.assign(bytes.begin(), bytes.end());
 }
 
 void MemoryFileSystem::WriteAt(std::string_view path, std::uint64_t offset, ByteView bytes) {
-    const Permit permit = Change();
-    if (permit.error == 0 || permit.bytes > 0) {
-        const ByteView part = bytes.first(std::min(bytes.size(), permit.bytes));
-        ByteArray& file = FileFor(path).bytes;
-        const auto start = static_cast<std::size_t>(offset);
-        file.resize(std::max(file.size(), start + part.size()));
-        std::copy(part.begin(), part.end(), file.begin() + static_cast<std::ptrdiff_t>(start));
-    }
-    permit.Finish();
+    ByteArray& file = FileFor(path).bytes;
+    const auto start = static_cast<std::size_t>(offset);
+    file.resize(std::max(file.size(), start + bytes.size()));
+    std::copy(bytes.begin(), bytes.end(), file.begin() + static_cast<std::ptrdiff_t>(start));
 }
 
 void MemoryFileSystem::Append(std::string_view path, ByteView bytes) {
-    const Permit permit = Change();
-    if (permit.error == 0 || permit.bytes > 0) {
-        const ByteView part = bytes.first(std::min(bytes.size(), permit.bytes));
-        ByteArray& file = FileFor(path).bytes;
-        file.insert(file.end(), part.begin(), part.end());
-    }
-    permit.Finish();
+    ByteArray& file = FileFor(path).bytes;
+    file.insert(file.end(), bytes.begin(), bytes.end());
 }
 
 /// Moves a file or a directory with all in it. Every node below keeps the case of its own name.
@@ -172,7 +130,6 @@ void MemoryFileSystem::MoveNode(const std::string& from, std::string_view to) {
 }
 
 void MemoryFileSystem::Rename(std::string_view from, std::string_view to) {
-    Change().Finish();
     const std::string source = KeyOf(from);
     if (!nodes_.contains(source)) RaiseRuntime(reFileNotFound);
     if (KeyOf(to) != source && nodes_.contains(KeyOf(to))) RaiseRuntime(reFileExists);
@@ -180,7 +137,6 @@ void MemoryFileSystem::Rename(std::string_view from, std::string_view to) {
 }
 
 void MemoryFileSystem::Replace(std::string_view from, std::string_view to) {
-    Change().Finish();
     const std::string source = KeyOf(from);
     FileAt(source);
     if (Kind(to) == FileKind::Directory) RaiseRuntime(rePathFileAccess);
@@ -198,13 +154,11 @@ void MemoryFileSystem::Copy(std::string_view from, std::string_view to) {
 }
 
 void MemoryFileSystem::Remove(std::string_view path) {
-    Change().Finish();
     FileAt(path);
     nodes_.erase(KeyOf(path));
 }
 
 void MemoryFileSystem::MakeDirectory(std::string_view path) {
-    Change().Finish();
     const std::string key = KeyOf(path);
     if (nodes_.contains(key)) RaiseRuntime(rePathFileAccess);
     if (Kind(JustPath(key, true)) != FileKind::Directory && !JustPath(key, true).empty())
@@ -213,7 +167,6 @@ void MemoryFileSystem::MakeDirectory(std::string_view path) {
 }
 
 void MemoryFileSystem::RemoveDirectory(std::string_view path) {
-    Change().Finish();
     const std::string key = KeyOf(path);
     if (Kind(key) != FileKind::Directory) RaiseRuntime(reFileNotFound);
     if (!List(key).empty()) RaiseRuntime(reFileExists);
@@ -221,7 +174,6 @@ void MemoryFileSystem::RemoveDirectory(std::string_view path) {
 }
 
 std::string MemoryFileSystem::UniqueTempFile(std::string_view directory, std::string_view prefix) {
-    Change().Finish();
     std::string path;
     do {
         path = CDir(FullPath(directory)) + std::string(prefix) + std::to_string(++uniqueNames_);
@@ -230,13 +182,4 @@ std::string MemoryFileSystem::UniqueTempFile(std::string_view directory, std::st
     return path;
 }
 
-MemoryFiles::MemoryFiles() : before_(UseFileSystem(files_)), tempDirBefore_(Library().TempDir) {
-    Library().TempDir = files_->TempDirectory();
-}
-
-MemoryFiles::~MemoryFiles() {
-    UseFileSystem(before_);
-    Library().TempDir = tempDirBefore_;
-}
-
-}  // namespace zorvex::test
+}  // namespace zorvex

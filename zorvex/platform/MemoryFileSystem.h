@@ -1,40 +1,28 @@
-// A file system in memory that fails on demand.
+// Files in memory, in place of the machine's own: for hosts that open a game out of an archive, try an edit
+// without touching the disk, or test themselves.
 //
-//     MemoryFiles files;                        // in use until the end of the scope
+//     auto files = std::make_shared<MemoryFileSystem>();
 //     files->MakeDirectory("\\game");
-//     files->Write("\\game\\vol.0", bytes);
-//     files->FailAt(3, reDiskFull, 10);         // the third change from here writes ten bytes and fails
-//     EXPECT_FALSE(SavePropertyList(*list));
-//     EXPECT_EQ(files->Changes(), 4);           // the clean-up was the fourth
-//
-// To try every place where an operation can break off, run it for n = 1, 2, ... with KillAt(n) until
-// Changes() stays below n, and look after each at what is left.
+//     files->Write("\\game\\VOL.0", bytes);
+//     const auto before = UseFileSystem(files);
+//     game.OpenGameDIR("\\game");
 #pragma once
 
-#include <limits>
 #include <map>
-#include <memory>
+#include <string>
+#include <vector>
 
 #include "zorvex/platform/FileSystem.h"
 
-namespace zorvex::test {
+namespace zorvex {
 
 /// File names ignore case, as on the machine's own file system, but no two in a directory differ only in
 /// case. A path that does not begin with a backslash starts from "\work". There are the directories "\work"
-/// and "\temp".
+/// and "\temp". Operations raise what those of the machine's files raise; a read copies the bytes.
 class MemoryFileSystem : public FileSystem {
   public:
     MemoryFileSystem();
 
-    /// Lets the n-th change from here fail with a run-time error; a write still writes its first `partial`
-    /// bytes, and a copy copies them.
-    void FailAt(int n, std::int32_t error, std::size_t partial = 0);
-    /// As FailAt, and every change after it fails too, as after a crash.
-    void KillAt(int n, std::size_t partial = 0);
-    /// Nothing fails any more.
-    void Heal();
-    /// The changes since the last FailAt, KillAt or Heal, failed ones included. Reads are no changes.
-    int Changes() const { return changes_; }
     /// All files with their bytes, by path as created.
     std::map<std::string, ByteArray> All() const;
     /// A file's bytes as a text; raises 53 when there is no such file.
@@ -67,44 +55,15 @@ class MemoryFileSystem : public FileSystem {
         ByteArray bytes;
         DateTime time;
     };
-    /// What a change may still do before it fails: everything when it does not.
-    struct Permit {
-        std::size_t bytes = std::numeric_limits<std::size_t>::max();
-        std::int32_t error = 0;
-        void Finish() const;
-    };
 
     static std::string FullPath(std::string_view path);
     static std::string KeyOf(std::string_view path);
     const Node& FileAt(std::string_view path) const;
     Node& FileFor(std::string_view path);
     void MoveNode(const std::string& from, std::string_view to);
-    Permit Change();
 
     std::map<std::string, Node> nodes_;  // by path in lower case
-    int changes_ = 0;
-    int failFrom_ = 0;  // 0: none
-    int failUntil_ = 0;
-    std::int32_t error_ = 0;
-    std::size_t partial_ = 0;
     int uniqueNames_ = 0;
 };
 
-/// Puts a MemoryFileSystem in use, and the former file system at the end of the scope.
-class MemoryFiles {
-  public:
-    MemoryFiles();
-    MemoryFiles(const MemoryFiles&) = delete;
-    MemoryFiles& operator=(const MemoryFiles&) = delete;
-    ~MemoryFiles();
-
-    MemoryFileSystem* operator->() const { return files_.get(); }
-    MemoryFileSystem& operator*() const { return *files_; }
-
-  private:
-    std::shared_ptr<MemoryFileSystem> files_ = std::make_shared<MemoryFileSystem>();
-    std::shared_ptr<FileSystem> before_;
-    std::string tempDirBefore_;
-};
-
-}  // namespace zorvex::test
+}  // namespace zorvex
