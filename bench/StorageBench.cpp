@@ -151,7 +151,7 @@ class AuthoredGame {
     AuthoredGame() : path_(fs::temp_directory_path() / "zorvex-bench-authored") {
         fs::remove_all(path_);
         fs::create_directories(path_);
-        std::string resDir;
+        std::string resDir = "src";
         game_.NewGame("BENCH", "2.917", path_.string(), resDir);
         for (int n = 1; n < 100; ++n) {
             game_.Logics().Add(static_cast<std::uint8_t>(n));

@@ -165,7 +165,7 @@ void AGIGame::GameDir(std::string_view value) {
     if (!GameLoaded()) return;
     library.GameDir = ExistingDirectory(value);
     library.GameFile = library.GameDir + JustFileName(library.GameFile);
-    library.ResDir = library.GameDir + library.ResDirName + "\\";
+    library.ResDir = CDir(library.GameDir + library.ResDirName);
     library.LastEdit = Now();
 }
 
@@ -197,7 +197,7 @@ std::string AGIGame::ResDirName() const {
 void AGIGame::ResDirName(std::string_view value) {
     LibraryState& library = Library();
     library.ResDirName = ValidDirectoryName(value);
-    library.ResDir = library.GameDir + library.ResDirName + "\\";
+    library.ResDir = CDir(library.GameDir + library.ResDirName);
     WriteGeneral("ResDir", library.ResDirName);
     library.LastEdit = Now();
 }

@@ -234,7 +234,7 @@ class GameLoad {
 
     void MakeResDir() {
         LibraryState& library = Library();
-        library.ResDir = library.GameDir + library.ResDirName + "\\";
+        library.ResDir = CDir(library.GameDir + library.ResDirName);
         if (DirectoryExists(library.ResDir)) return;
         if (Attempt([&] { Files().MakeDirectory(library.ResDir); })) {
             Warn("Can't create " + library.ResDir);

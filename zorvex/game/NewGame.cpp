@@ -81,6 +81,7 @@ class GameMaking {
         if (propertyFiles.empty()) RaiseText(ObjectErrorBase + 630, errorSource, CatalogueText(508));
         const std::vector<std::string> directories = SubdirectoriesOf(source);
         const std::string oldResDir = directories.empty() ? std::string() : directories.front();
+        Begin();
         if (!CopyDirectory(source, Library().GameDir, false)) {
             RaiseCatalogue(683, errorSource, Library().LastErrorText);
         }
@@ -95,6 +96,7 @@ class GameMaking {
         if (id_.find_first_of("\\/:") != std::string::npos) {
             Wrapped(631, [] { RaiseRuntime(reBadFileName, errorSource); });
         }
+        Begin();
         StartProperties();
         try {
             WriteFiles();
@@ -147,7 +149,7 @@ class GameMaking {
             Attempt([&] { Files().Rename(directory + oldResDir, directory + resDir_); });
         }
         library.ResDirName = resDir_;
-        library.ResDir = library.GameDir + library.ResDirName + "\\";
+        library.ResDir = CDir(library.GameDir + library.ResDirName);
     }
 
     void ChangeID() {
@@ -182,7 +184,8 @@ class GameMaking {
         for (const std::string_view line : emptySections)
             list.Add(line);
         WriteGameProperty("General", "ZorvexVersion", LibraryVersion);
-        Attempt([&] { game_.ResDirName(resDir_); });
+        // A name that cannot be a directory leaves the sources beside the other files of the game.
+        if (Attempt([&] { game_.ResDirName(resDir_); })) library.ResDir = library.GameDir;
     }
 
     void WriteFiles() {
@@ -225,7 +228,6 @@ void AGIGame::NewGame(std::string_view newID, std::string_view newVersion, std::
                       std::string& newResDir, std::string_view templateDir) {
     GameMaking making(*this, newID, newVersion, newResDir);
     making.Check(newGameDir);
-    GameMaking::Begin();
     if (templateDir.empty()) {
         making.FromNothing();
     } else {

@@ -1,0 +1,155 @@
+// Opening and making games: what each refusal leaves, and what an open game has written.
+#include <gtest/gtest.h>
+
+#include "tests/support/ExpectError.h"
+#include "tests/support/FailingFiles.h"
+#include "tests/support/GameBuilder.h"
+#include "zorvex/Zorvex.h"
+#include "zorvex/game/LibraryState.h"
+
+namespace zorvex::test {
+namespace {
+
+class OpenGameTest : public testing::Test {
+  protected:
+    OpenGameTest() {
+        files->MakeDirectory("\\game");
+        GameBuilder builder;
+        builder.Add(rtLogic, 0, SmallestLogic()).Add(rtView, 3, SmallestView());
+        builder.WriteTo("\\game\\");
+    }
+    ~OpenGameTest() override { game.CloseGame(); }
+
+    static void Write(const std::string& name, std::string_view text) {
+        Files().Write("\\game\\" + name, Bytes(text));
+    }
+    /// A property file whose section General holds these lines.
+    static void WriteProperties(const std::string& general) {
+        Write("A.zvg", "[General]\nZorvexVersion = 2.1.1\n" + general);
+    }
+    void ExpectClosed() const {
+        const LibraryState& library = Library();
+        EXPECT_FALSE(game.GameLoaded());
+        EXPECT_EQ(library.GameDir + library.GameFile + library.GameID + library.InterpreterVersion, "");
+        EXPECT_FALSE(library.IsV3 || library.PropertyList);
+        EXPECT_EQ(library.Logics->Count() + library.Views->Count(), 0);
+    }
+
+    MemoryFiles files;
+    AGIGame game;
+};
+
+TEST_F(OpenGameTest, ARefusedPropertyFileLeavesNothingOpen) {
+    const struct {
+        const char* what;
+        const char* text;
+        std::int32_t id;
+        const char* description;
+    } cases[] = {
+        {"another version", "[General]\nZorvexVersion = 9\n", 665, "A.zvg"},
+        {"no ID", "[General]\nZorvexVersion = 2.1.1\nInterpreter = 2.917\n", 690, "A.zvg"},
+        {"an interpreter that none knows",
+         "[General]\nZorvexVersion = 2.1.1\nGameID = A\nInterpreter = 2.5\n", 691, "A.zvg"},
+        {"resources of another generation",
+         "[General]\nZorvexVersion = 2.1.1\nGameID = A\nInterpreter = 3.002149\n", 524,
+         "File not found (\\game\\ADIR)"},
+    };
+    for (const auto& item : cases) {
+        SCOPED_TRACE(item.what);
+        Write("A.zvg", item.text);
+        EXPECT_ERROR_TEXT(item.id, item.description, game.OpenGameZVG("\\game\\A.zvg"));
+        EXPECT_EQ(files->Text("\\game\\A.zvg"), item.text);
+        ExpectClosed();
+    }
+    EXPECT_ERROR_TEXT(655, "B.zvg", game.OpenGameZVG("\\game\\B.zvg"));
+    EXPECT_ERROR_TEXT(541, "\\none", game.OpenGameZVG("\\none\\B.zvg"));
+    EXPECT_ERROR(541, game.OpenGameDIR("\\temp"));
+    ExpectClosed();
+}
+
+TEST_F(OpenGameTest, ADirectoryOpensWithAPropertyFileOfItsOwnAndThenByThat) {
+    std::vector<std::int32_t> steps;
+    const Subscription watch = game.GameEvents().LoadStatus.Subscribe(
+        [&](auto status, auto, auto, const auto&) { steps.push_back(status); });
+    files->MakeDirectory("\\game\\texts");
+    game.OpenGameDIR("\\game");
+    EXPECT_TRUE(std::is_sorted(steps.begin(), steps.end()));
+    EXPECT_EQ(game.ResDirName(), "texts") << "the only directory there is";
+    EXPECT_ERROR(501, game.OpenGameZVG("\\game\\A.zvg"));
+    const std::string file = Library().GameFile;
+    game.Views().Item(3)->ID("Ego");
+    game.GameAuthor("Somebody");
+    game.CloseGame();
+    ExpectClosed();
+    game.CloseGame();
+
+    game.OpenGameZVG(file);
+    EXPECT_EQ(game.GameAuthor() + " " + game.Views().Item(3)->ID(), "Somebody Ego");
+    game.GameID("other");
+    EXPECT_EQ(game.GameID() + " " + Library().GameFile, "OTHER \\game\\other.zvg");
+    EXPECT_EQ(Files().Kind(file), FileKind::None);
+}
+
+TEST_F(OpenGameTest, WarningsLeaveTheGameOpen) {
+    Files().Remove("\\game\\WORDS.TOK");
+    Write("OBJECT", "?");
+    EXPECT_ERROR(636, game.OpenGameDIR("\\game"));
+    EXPECT_TRUE(game.GameLoaded() && !Library().VocabularyWords->Loaded());
+    const std::string log = files->Text("\\game\\errlog.txt");
+    EXPECT_NE(log.find("An error occurred while loading WORDS.TOK: "), std::string::npos);
+    EXPECT_NE(log.find("An error occurred while loading OBJECT: "), std::string::npos);
+}
+
+TEST_F(OpenGameTest, SourcesStayBesideTheGameWhereNoDirectoryIsNamed) {
+    game.OpenGameDIR("\\game");
+    EXPECT_EQ(game.ResDir(), "\\game\\");
+    game.CloseGame();
+    files->MakeDirectory("\\new");
+    std::string resDir;
+    game.NewGame("new", "2.917", "\\new", resDir);
+    EXPECT_EQ(game.ResDir(), "\\new\\");
+    EXPECT_EQ(Files().Kind("\\new\\Logic0.lgc"), FileKind::File);
+}
+
+TEST_F(OpenGameTest, ANewGameChecksBeforeItWrites) {
+    std::string resDir = "src";
+    const auto before = files->All();
+    EXPECT_ERROR(630, game.NewGame("A", "2.917", "\\none", resDir));
+    EXPECT_ERROR(687, game.NewGame("A", "2.917", "\\game", resDir));
+    EXPECT_ERROR(543, game.NewGame("A", "2.5", "\\temp", resDir));
+    EXPECT_ERROR(597, game.NewGame("A", "4.0", "\\temp", resDir));
+    const auto error = RaisedBy([&] { game.NewGame("A", "2.917", "\\temp", resDir, "\\game"); });
+    EXPECT_TRUE(error && error->Is(630));
+    EXPECT_EQ(error->Description(), "Template directory is missing its Zorvex game property file.");
+    EXPECT_EQ(files->All().size(), before.size()) << "nothing is left in the directory";
+    EXPECT_FALSE(game.GameLoaded());
+}
+
+TEST_F(OpenGameTest, ANewGameHasItsFilesAndATemplateGivesItsOwn) {
+    for (const auto& [id, version, made] :
+         {std::tuple("abcdefgh", "2.936", "ABCDEF"), std::tuple("abcdefgh", "3.002149", "ABCDE")}) {
+        const std::string directory = std::string("\\") + made;
+        files->MakeDirectory(directory);
+        std::string resDir = "src";
+        game.NewGame(id, version, directory, resDir);
+        EXPECT_EQ(game.GameID(), made);
+        EXPECT_EQ(Files().Kind(directory + "\\src\\Logic0.lgc"), FileKind::File);
+        game.CloseGame();
+        EXPECT_TRUE(files->Text(directory + "\\" + made + ".zvg").starts_with("#\r\n#\r\n# Zorvex Game"));
+    }
+    EXPECT_EQ(Files().Size("\\ABCDE\\ABCDEDIR"), 3080U);
+    Files().Write("\\ABCDE\\globals.txt", Bytes("[\n[ global defines file for X\na\tb\nc\td\n"));
+    files->MakeDirectory("\\copy");
+    std::string resDir = "text";
+    game.NewGame("COPY", "", "\\copy", resDir, "\\ABCDE");
+    EXPECT_EQ(game.GameID() + " " + game.InterpreterVersion() + " " + game.ResDirName(),
+              "COPY 3.002149 text");
+    EXPECT_EQ(Files().Kind("\\copy\\COPYVOL.0"), FileKind::File);
+    EXPECT_EQ(Files().Kind("\\copy\\src"), FileKind::None);
+    EXPECT_NE(files->Text("\\copy\\globals.txt").find("[ global defines file for COPY\r\n"),
+              std::string::npos);
+    EXPECT_EQ(Files().Kind("\\ABCDE\\src\\Logic0.lgc"), FileKind::File);
+}
+
+}  // namespace
+}  // namespace zorvex::test
