@@ -38,23 +38,6 @@ TEST_F(CommandTablesTest, AreFittedToEveryVersion) {
     }
 }
 
-TEST_F(CommandTablesTest, HoldTheirRowsInTheOrderOfTheirNumbers) {
-    const auto expectRow = [](const CommandStruct& row, std::string_view name,
-                              std::vector<ArgTypeEnum> types) {
-        EXPECT_EQ(row.Name, name);
-        types.resize(row.ArgType.size());
-        EXPECT_TRUE(std::equal(types.begin(), types.end(), row.ArgType.begin())) << name;
-    };
-    EXPECT_EQ(commands.Count(), 182);
-    expectRow(commands(38), "position.v", {atSObj, atVar, atVar});
-    expectRow(commands(115), "get.string", {atStr, atMsg, atNum, atNum, atNum});
-    expectRow(commands(116), "word.to.string", {atStr, atWord});
-    expectRow(commands(157), "set.menu.item", {atMsg, atCtrl});
-    expectRow(commands(182), "adj.ego.move.to.x.y", {atNum, atNum});
-    expectRow(AGITestCommands()(10), "obj.in.room", {atIObj, atVar});
-    EXPECT_EQ(AGITestCommands()(19).Name, "unknowntest19");
-}
-
 TEST_F(CommandTablesTest, FindNamesWhateverTheVersion) {
     SetCommandsForVersion("2.089");
     for (int i = 0; i < 183; ++i) {

@@ -95,7 +95,7 @@ TEST_F(Playback, StopsWithoutTellingAnybody) {
 TEST_F(Playback, AFailedStartLeavesNothingPlaying) {
     const auto failure = [&](const char* word, std::int32_t code) {
         media->Fail = {{word, code}};
-        const auto error = Raised([&] { sound->PlaySound(); });
+        const auto error = RaisedBy([&] { sound->PlaySound(); });
         return error ? error->Source() + " " + std::to_string(error->Id()) + ": " + error->Description() : "";
     };
     EXPECT_EQ(failure("open", 7), "SndSubclass 678: device trouble 7");

@@ -88,7 +88,7 @@ TEST(Export, TakesTheFormatFromTheNameUnlessItIsGiven) {
     LoadBytes(sample, "01 00 00 *60");
     TempDir dir;
     const auto begins = [&](AGISound& what, const std::string& name, SoundFormat format) -> std::string {
-        const auto error = Raised([&] { what.Export(dir.File(name), format); });
+        const auto error = RaisedBy([&] { what.Export(dir.File(name), format); });
         return error ? error->Description() : dir.ReadText(name).substr(0, 4);
     };
     EXPECT_EQ(begins(sound, "a.MID", sfWAV), "MThd");

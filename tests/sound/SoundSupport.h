@@ -8,7 +8,7 @@
 
 #include "tests/support/CaseFile.h"
 #include "tests/support/DocumentedBytes.h"
-#include "tests/support/Errors.h"
+#include "tests/support/ExpectError.h"
 #include "tests/support/TestFiles.h"
 #include "zorvex/game/LibraryState.h"
 #include "zorvex/logic/StringList.h"

@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "zorvex/game/Error.h"
 
@@ -19,6 +20,21 @@ std::optional<Error> RaisedBy(Step&& step) {
         return error;
     }
     return std::nullopt;
+}
+
+/// The catalogue id of what a step raises, its plain number where it has no id, 0 when it raises nothing.
+template <class Step>
+std::int32_t RaisedId(Step&& step) {
+    const auto error = RaisedBy(std::forward<Step>(step));
+    if (!error) return 0;
+    return error->Number() < 0 ? error->Id() : error->Number();
+}
+
+/// The description of what a step raises, "" when it raises nothing.
+template <class Step>
+std::string RaisedText(Step&& step) {
+    const auto error = RaisedBy(std::forward<Step>(step));
+    return error ? error->Description() : std::string();
 }
 
 inline std::string Shown(const std::optional<Error>& error) {

@@ -1,4 +1,4 @@
-#include "tests/support/Errors.h"
+#include "tests/support/ExpectError.h"
 #include "tests/view/ViewText.h"
 
 namespace zorvex::test {

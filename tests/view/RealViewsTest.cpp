@@ -1,4 +1,4 @@
-#include "tests/support/Errors.h"
+#include "tests/support/ExpectError.h"
 #include "tests/support/ExpectedGame.h"
 #include "tests/view/ViewText.h"
 #include "zorvex/game/Helpers.h"
@@ -86,7 +86,7 @@ TEST(RealViews, EveryPrefixIsReadOrRefused) {
         view.Resource().Load();
         const ByteArray bytes = view.AllData();
         for (std::size_t size = 0; size < bytes.size(); ++size) {
-            const auto error = Raised([&] { EncodeView(DecodeView(ByteView(bytes).first(size))); });
+            const auto error = RaisedBy([&] { EncodeView(DecodeView(ByteView(bytes).first(size))); });
             if (error) {
                 ASSERT_TRUE(error->Is(595) || error->Is(548) || error->Is(553) || error->Is(539) ||
                             error->Is(513))

@@ -1,6 +1,7 @@
 #include "zorvex/view/ViewCodec.h"
 
-#include "tests/support/Errors.h"
+#include "tests/support/DocumentedBytes.h"
+#include "tests/support/ExpectError.h"
 #include "tests/view/ViewText.h"
 
 namespace zorvex::test {
@@ -71,7 +72,7 @@ TEST(ViewCodec, BadRowsAndColorsAreNumberedErrors) {
     EXPECT_EQ(RaisedId([] { ExpandCelData(ByteArray{0x13, 0}, 0, 2, 1, agBlack); }), 555);
     EXPECT_EQ(RaisedId([] { ExpandCelData(ByteArray{0x12}, 0, 2, 1, agBlack); }), 555);
     EXPECT_EQ(RaisedId([] { ExpandCelData(ByteArray{0}, 9, 2, 1, agBlack); }), 555);
-    const auto error = Raised([] { CompressCelData(CelPixels(1, 1, agNone), agBlack, false); });
+    const auto error = RaisedBy([] { CompressCelData(CelPixels(1, 1, agNone), agBlack, false); });
     ASSERT_TRUE(error);
     EXPECT_TRUE(error->Is(654));
     EXPECT_EQ(error->Description(), "Unhandled error in CompressCelData function(6:Overflow)");
@@ -96,6 +97,15 @@ TEST(ViewCodec, EqualLoopOffsetsArePairsAndThenCopies) {
     EXPECT_EQ(RaisedId([&] { DecodeView(late); }), 539);
 }
 
+TEST(ViewCodec, TheDocumentedExampleReadsAndWrites) {
+    const ByteArray bytes = DocumentedBytes("view.md");
+    const ViewContent view = DecodeView(bytes);
+    EXPECT_EQ(RowsOf(view.loops[0].cels.at(0).pixels), (Rows{"0110", "1000"}));
+    EXPECT_EQ(view.loops[1].mirrorLoop, 0);
+    EXPECT_EQ(view.description, "key");
+    EXPECT_EQ(EncodeView(view), bytes);
+}
+
 TEST(ViewCodec, DamageThatLeavesNoView) {
     const struct {
         const char* what;
@@ -111,7 +121,7 @@ TEST(ViewCodec, DamageThatLeavesNoView) {
         {"a description beyond the end", ViewBytes({7}, smallLoop, 99), 513},
     };
     for (const auto& c : cases) {
-        const auto error = Raised([&] { DecodeView(c.bytes); });
+        const auto error = RaisedBy([&] { DecodeView(c.bytes); });
         ASSERT_TRUE(error) << c.what;
         EXPECT_TRUE(error->Is(c.id)) << c.what << ": " << error->Description();
         EXPECT_EQ(error->Source(), "Zorvex.agiView");

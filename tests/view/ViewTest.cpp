@@ -1,6 +1,6 @@
 #include "zorvex/view/AGIView.h"
 
-#include "tests/support/Errors.h"
+#include "tests/support/ExpectError.h"
 #include "tests/support/TestFiles.h"
 #include "tests/view/ViewText.h"
 #include "zorvex/game/LibraryState.h"
@@ -159,7 +159,7 @@ TEST(View, ACopyHasItsOwnPairs) {
 
     AGIView bad;
     bad.SetData(ByteArray{1, 1, 0});
-    const auto error = Raised([&] { copy.SetView(bad); });
+    const auto error = RaisedBy([&] { copy.SetView(bad); });
     ASSERT_TRUE(error && error->Is(643));
     EXPECT_NE(error->Description().find(":Unable to extract resource; invalid data found)"),
               std::string::npos);
