@@ -1,5 +1,5 @@
-// A plain main for a fuzz target: runs the kept inputs of a directory and mutations of each, the same ones
-// every time.
+// A plain main for a fuzz target: runs the kept inputs of a directory, the beginnings of each, and mutations
+// of each, the same ones every time.
 //
 //     FuzzName CORPUS-DIRECTORY-OR-FILE... [--mutations N] [--seed S]
 //
@@ -112,18 +112,21 @@ class Mutator {
     std::mt19937 random_;
 };
 
-void Run(const std::string& name, unsigned long mutation, const Input& input) {
-    std::snprintf(present, sizeof(present), "\nfailed: %s, mutation %lu\n", name.c_str(), mutation);
+void Run(const std::string& name, const char* change, unsigned long number, const Input& input) {
+    std::snprintf(present, sizeof(present), "\nfailed: %s, %s %lu\n", name.c_str(), change, number);
     // A copy of the exact size, so that a read past the end is seen.
     const Input exact(input);
     LLVMFuzzerTestOneInput(exact.data(), exact.size());
 }
 
 void Replay(const std::string& name, const Input& input, const Options& options) {
-    Run(name, 0, input);
+    constexpr std::size_t longestCut = 1024;
+    Run(name, "as kept", 0, input);
+    for (std::size_t size = 0; size < std::min(input.size(), longestCut); ++size)
+        Run(name, "cut at", size, Input(input.begin(), input.begin() + static_cast<std::ptrdiff_t>(size)));
     Mutator mutator(options.seed);
     for (unsigned long i = 1; i <= options.mutations; ++i)
-        Run(name, i, mutator.Mutate(input));
+        Run(name, "mutation", i, mutator.Mutate(input));
 }
 
 Options ReadOptions(int count, char** arguments) {

@@ -10,35 +10,10 @@ namespace zorvex::test {
 
 namespace {
 
-constexpr LogicErrorLevel levels[] = {leHigh, leMedium, leLow};
-
-DecodedLogic Decode(ByteView logic, LogicErrorLevel level = leHigh, bool elseAsGoto = false) {
+DecodedLogic Decode(ByteView logic, LogicErrorLevel level = leHigh) {
     DecodeSettings settings;
     settings.ErrorLevel = level;
-    settings.ElseAsGoto = elseAsGoto;
     return DecodeLogic(logic, settings, DecodeNames());
-}
-
-/// Decompiles at all levels, with and without else; only the one error may come, and each instruction is
-/// listed.
-void DecodeSafely(ByteView logic) {
-    for (const LogicErrorLevel level : levels) {
-        for (const bool elseAsGoto : {false, true}) {
-            try {
-                Decode(logic, level, elseAsGoto);
-            } catch (const Error& error) {
-                ASSERT_TRUE(error.Is(688)) << error.Number() << error.Description();
-                ASSERT_EQ(error.Source(), "LogDecode");
-                ASSERT_FALSE(error.Description().empty());
-            }
-        }
-    }
-    std::int32_t next = 2;
-    for (const LogicInstruction& instruction : DisassembleLogic(logic)) {
-        ASSERT_EQ(instruction.Position, next);
-        ASSERT_GE(instruction.Length, 1);
-        next += instruction.Length;
-    }
 }
 
 std::string FailureOf(ByteView logic) {
@@ -98,33 +73,6 @@ TEST(LogDecode, ReportsLabelsMessagesAndWarnings) {
     EXPECT_EQ(logic.Messages[0].Literal, "\"x\"");
     EXPECT_FALSE(logic.Messages[0].Used);
     EXPECT_EQ(logic.Warnings, (std::vector<std::string>{"unknown message: 9 at position 7"}));
-}
-
-TEST(LogDecode, SurvivesEveryPrefixAndEveryByte) {
-    ByteArray code{0xFF, 0xFC, 1, 5, 9,    0xFD, 7,    3, 0xFC, 0x0E, 1, 20,   0,    0xFF, 9,
-                   0,    3,    1, 2, 0x65, 1,    0xFE, 2, 0,    0x0C, 3, 0xFE, 0xE0, 0xFF, 0};
-    const ByteArray logic = LogicOf(code, OneMessage("some text"));
-    for (std::size_t size = 0; size <= logic.size(); ++size)
-        DecodeSafely(ByteView(logic).first(size));
-    for (std::size_t at = 0; at < logic.size(); ++at) {
-        for (const unsigned value :
-             {0U, 1U, 14U, 19U, 20U, 0x7FU, 0x80U, 0xB7U, 0xFCU, 0xFDU, 0xFEU, 0xFFU}) {
-            ByteArray damaged = logic;
-            damaged[at] = static_cast<std::uint8_t>(value);
-            DecodeSafely(damaged);
-        }
-    }
-}
-
-TEST(LogDecode, SurvivesJumpsAndBlocksToEverywhere) {
-    for (int value = 0; value < 0x10000; value += (value > 64 && value < 0xFFC0) ? 389 : 1) {
-        const auto low = static_cast<std::uint8_t>(value & 0xFF);
-        const auto high = static_cast<std::uint8_t>(value >> 8);
-        DecodeSafely(LogicOf(ByteArray{0x0C, 1, 0xFE, low, high, 0x0C, 2, 0}));
-        DecodeSafely(
-            LogicOf(ByteArray{0xFF, 7, 1, 0xFF, 12, 0, 0xFF, 7, 1, 0xFF, low, high, 0x0C, 2, 0xFE, 0, 0, 0}));
-        DecodeSafely(ByteArray{1, 0, 0, 1, 9, 0, low, high, 'a', 'b'});
-    }
 }
 
 TEST(LogDecode, KeepsTheTextOfADamagedLogicSmall) {
