@@ -4,8 +4,8 @@
 #include <random>
 
 #include "tests/support/ExpectError.h"
-#include "tests/support/LzwEncoder.h"
 #include "tests/support/FailingFiles.h"
+#include "tests/support/LzwEncoder.h"
 #include "tests/support/TestFiles.h"
 #include "zorvex/Zorvex.h"
 #include "zorvex/game/LibraryState.h"

@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "tests/support/ExpectError.h"
+#include "tests/support/FailingFiles.h"
 #include "tests/support/GameBuilder.h"
 #include "tests/support/GameModel.h"
-#include "tests/support/FailingFiles.h"
 #include "zorvex/Zorvex.h"
 
 namespace zorvex::test {

@@ -14,10 +14,10 @@
 #include <string_view>
 #include <vector>
 
-#include "zorvex/platform/MemoryFileSystem.h"
 #include "zorvex/compiler/AGILogicSourceSettings.h"
 #include "zorvex/game/AGIGameEvents.h"
 #include "zorvex/logic/AGILogics.h"
+#include "zorvex/platform/MemoryFileSystem.h"
 
 namespace zorvex::test {
 
