@@ -62,11 +62,15 @@ TEST_F(PictureTool, ImagesHoldTheColorNumbersAtTheSizeAsked) {
 }
 
 TEST_F(PictureTool, FilesOfAllAreNamedByNumber) {
+    ByteArray directory = game.Read("PICDIR");
+    directory.insert(directory.end(), {0x0F, 0xFF, 0xFF});  // picture 13 lies beyond its volume
+    game.Write("PICDIR", directory);
     const auto before = game.All();
     for (const auto& [option, extension] :
          {std::pair("--scale=1", ".png"), std::pair("--raw", ".visual"), std::pair("--json", ".json")}) {
         const ToolRun run = RunTool({"picture", game.Native(), "all", "-o", out.Native() + "/all", option});
-        EXPECT_EQ(run.Status, 0) << run.Diagnostics;
+        EXPECT_EQ(run.Status, 1) << run.Diagnostics;
+        EXPECT_NE(run.Diagnostics.find("Picture13 was skipped"), std::string::npos);
         EXPECT_NE(run.Diagnostics.find("picture.012: the data ends without 0xFF"), std::string::npos);
         EXPECT_TRUE(out.Exists("all/picture.005" + std::string(extension)));
     }

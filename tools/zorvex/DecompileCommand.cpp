@@ -111,7 +111,8 @@ class Decompiler {
         if (options_.Number == "all") {
             SayNote(std::to_string(done_) + " logics decompiled, " + std::to_string(failed_) + " failed");
         }
-        return failed_ == 0 ? exitDone : exitFailed;
+        const bool allThere = options_.Number != "all" || !game.HasSkipped(rtLogic);
+        return failed_ == 0 && allThere ? exitDone : exitFailed;
     }
 
   private:

@@ -1,5 +1,6 @@
 #include "tools/zorvex/OpenedGame.h"
 
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 #include <sstream>
@@ -152,6 +153,11 @@ void OpenedGame::CollectWarnings(std::uintmax_t logBefore) {
         warnings_.push_back(ShownText(line));
         SayWarning(line);
     }
+}
+
+bool OpenedGame::HasSkipped(AGIResType type) const {
+    return std::any_of(skipped_.begin(), skipped_.end(),
+                       [type](const SkippedResource& skipped) { return skipped.Type == type; });
 }
 
 void OpenedGame::FindSkipped(const std::vector<SkippedResource>& entries) {

@@ -55,6 +55,8 @@ class OpenedGame {
     const std::vector<std::string>& Warnings() const { return warnings_; }
     /// Entries of the directory files that the load blanked because their resources are bad.
     const std::vector<SkippedResource>& Skipped() const { return skipped_; }
+    /// Whether one of them is of this type. What is wrong with it was said when the game was opened.
+    bool HasSkipped(AGIResType type) const;
     /// Names of the directory files that had no bytes.
     const std::vector<std::string>& MendedDirectories() const { return mendedDirectories_; }
 

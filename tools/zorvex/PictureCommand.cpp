@@ -143,12 +143,13 @@ void WriteOne(AGIPicture& picture, const PictureOptions& options, const std::str
 }
 
 /// Every picture of the game; those that fail are told, and the others written all the same.
-int WriteAll(AGIPictures& pictures, const PictureOptions& options) {
+int WriteAll(OpenedGame& game, const PictureOptions& options) {
     if (fs::path(options.Output).has_extension() && !fs::is_directory(options.Output)) {
         throw UsageError("all pictures go into a directory, and " + options.Output + " looks like a file");
     }
     if (!options.Output.empty()) MakeOutputDirectory(options.Output);
-    int status = exitDone;
+    int status = game.HasSkipped(rtPicture) ? exitFailed : exitDone;
+    AGIPictures& pictures = game.Game().Pictures();
     Json list = Json::array();
     Progress progress("Drawing", static_cast<std::size_t>(pictures.Count()));
     std::size_t done = 0;
@@ -195,9 +196,8 @@ int Run(const PictureOptions& options) {
         const bool all = options.Number.empty() || options.Number == "all";
         const std::uint8_t number = all ? std::uint8_t{0} : ParseNumber255(options.Number);
         OpenedGame game(options.Source, Access::Look);
-        AGIPictures& pictures = game.Game().Pictures();
-        if (all) return WriteAll(pictures, options);
-        WriteOne(*pictures.Item(number), options, ResourceFileName(rtPicture, number));
+        if (all) return WriteAll(game, options);
+        WriteOne(*game.Game().Pictures().Item(number), options, ResourceFileName(rtPicture, number));
         return exitDone;
     }
     return RunFile(options);

@@ -148,7 +148,7 @@ int Run(const SoundOptions& options) {
     const bool several = all && source.IsGame();
     const bool toDirectory = several || fs::is_directory(options.Output);
     if (several && !options.Output.empty()) MakeOutputDirectory(options.Output);
-    int status = exitDone;
+    int status = all && source.HasSkipped() ? exitFailed : exitDone;
     Json list = Json::array();
     for (const auto& sound : sounds) {
         try {

@@ -20,6 +20,8 @@ class SoundSource {
     explicit SoundSource(const std::string& path);
 
     bool IsGame() const { return game_ != nullptr; }
+    /// Whether the game names sounds that it does not have.
+    bool HasSkipped() const { return IsGame() && game_->HasSkipped(rtSound); }
     /// The sound of a number, not loaded; of a file its one sound, whatever the number. Raises Error when
     /// there is none, and UsageError when a game is given without a number.
     std::shared_ptr<AGISound> Sound(const std::optional<std::uint8_t>& number) const;

@@ -145,11 +145,7 @@ void WriteOneOfAll(AGIView& view, const ViewOptions& options, Json& list) {
 /// Every view of the game; those that fail are told, and the others written all the same.
 int WriteAll(OpenedGame& game, const ViewOptions& options) {
     if (!options.Output.empty()) MakeOutputDirectory(options.Output);
-    int status = exitDone;
-    for (const SkippedResource& skipped : game.Skipped()) {
-        if (skipped.Type == rtView)
-            status = exitFailed;  // what is wrong with it was said when the game was opened
-    }
+    int status = game.HasSkipped(rtView) ? exitFailed : exitDone;
     AGIViews& views = game.Game().Views();
     Json list = Json::array();
     Progress progress("Views", static_cast<std::size_t>(views.Count()));
