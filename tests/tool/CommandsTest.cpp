@@ -189,6 +189,10 @@ TEST(Tool, BuildsNothingWhenAResourceFails) {
     EXPECT_FALSE(dir.Exists("NEW_VOL.0"));
     EXPECT_EQ(RunTool({"build", dir.Native(), "--keep-going"}).Status, 1);
     EXPECT_EQ(SumsOf(ListOf(dir.Native())).size(), sums.size() - 1);
+
+    dir.Write("src/Logic0.lgc", std::string_view("get.string(s66, \"What?\", 22, 1, 5);\r\nreturn();\r\n"));
+    EXPECT_EQ(RunTool({"build", dir.Native()}).Status, 0) << "as compile does, at the medium level";
+    EXPECT_EQ(RunTool({"build", dir.Native(), "--level", "high"}).Status, 1);
 }
 
 TEST(Tool, RepairsWhatNeedsNoGuess) {

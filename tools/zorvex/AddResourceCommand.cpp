@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "tools/zorvex/Commands.h"
+#include "tools/zorvex/CompilerSettings.h"
 #include "tools/zorvex/Console.h"
 #include "tools/zorvex/OpenedGame.h"
 #include "tools/zorvex/Resources.h"
@@ -84,6 +85,7 @@ int Run(const AddOptions& options) {
         throw Error(reFileNotFound, "zorvex", "no such file: " + options.File);
     }
     OpenedGame opened(options.Game, Access::Change);
+    ApplyCompiler(opened.Game(), CompilerSettings());
     AGIGame& game = opened.Game();
     const std::uint8_t number = selection.Number ? *selection.Number : LowestFree(selection.Type);
     if (CollectionOf(selection.Type)->Exists(number)) {

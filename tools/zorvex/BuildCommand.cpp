@@ -4,8 +4,10 @@
 #include <csignal>
 #include <cstdio>
 #include <filesystem>
+#include <optional>
 
 #include "tools/zorvex/Commands.h"
+#include "tools/zorvex/CompilerSettings.h"
 #include "tools/zorvex/Console.h"
 #include "tools/zorvex/Diagnostics.h"
 #include "tools/zorvex/Json.h"
@@ -28,6 +30,7 @@ struct BuildOptions {
     std::int32_t MaxVol0 = 0;
     bool RebuildOnly = false;
     bool KeepGoing = false;
+    CompilerSettings Compiler;
     bool Json = false;
 };
 
@@ -41,6 +44,7 @@ void Declare(Declaration& command, BuildOptions& options) {
                  "Write the game without the resources that fail; otherwise nothing is written then");
     command.Option("--max-vol0", options.MaxVol0,
                    "Fill volume 0 no further than this many bytes (32768 or more)");
+    DeclareCompiler(command, options.Compiler);
     DeclareJson(command, options.Json);
 }
 
@@ -71,9 +75,9 @@ std::size_t ResourceCount() {
 /// Follows a build through its events.
 class BuildReport {
   public:
-    BuildReport(AGIGame& game, bool keepGoing)
+    BuildReport(AGIGame& game, const BuildOptions& options)
         : game_(game),
-          keepGoing_(keepGoing),
+          options_(options),
           diagnostics_(game),
           progress_("Building", ResourceCount()),
           subscription_(game.GameEvents().CompileGameStatus.Subscribe(
@@ -101,7 +105,10 @@ class BuildReport {
     void Take(ECStatus status, AGIResType type, std::uint8_t number, const std::string& text) {
         const std::string name = TypeName(type) + " " + std::to_string(number);
         switch (status) {
-            case csAddResource: progress_.Show(started_++, name); break;
+            case csAddResource:
+                progress_.Show(started_++, name);
+                SwitchNames(type, number);
+                break;
             case csLogicError:
                 diagnostics_.AddError(number, text);
                 ++failed_;
@@ -112,15 +119,22 @@ class BuildReport {
                 break;
             case csWarning: warnings_.push_back(name + ": " + Split(text, "|")[1]); break;
             // The last moment at which the former game can stay as it is.
-            case csDoneAdding: refused_ = !keepGoing_ && (failed_ > 0 || !problems_.empty()); break;
+            case csDoneAdding: refused_ = !options_.KeepGoing && (failed_ > 0 || !problems_.empty()); break;
             case csCanceled: canceled_ = true; break;
             default: break;
         }
         if (interrupted || refused_) game_.CancelCompile();
     }
 
+    void SwitchNames(AGIResType type, std::uint8_t number) {
+        names_.reset();
+        const bool isNew = type == rtLogic && HasNoSource(*game_.Logics().Item(number));
+        names_.emplace(game_, !options_.RebuildOnly && (options_.Compiler.Names || isNew));
+    }
+
     AGIGame& game_;
-    bool keepGoing_;
+    const BuildOptions& options_;
+    std::optional<NamesSwitch> names_;
     DiagnosticList diagnostics_;
     Progress progress_;
     std::vector<std::string> problems_;
@@ -196,7 +210,8 @@ int Run(const BuildOptions& options) {
     }
 
     const InterruptGuard guard;
-    BuildReport report(game, options.KeepGoing);
+    BuildReport report(game, options);
+    ApplyCompiler(game, options.Compiler);
     const auto start = std::chrono::steady_clock::now();
     game.CompileGame(options.RebuildOnly, elsewhere ? target.string() : "");
     const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;

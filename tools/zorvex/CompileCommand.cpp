@@ -1,9 +1,9 @@
 // zorvex compile: sources of logics become their bytes.
 
 #include "tools/zorvex/Commands.h"
+#include "tools/zorvex/CompilerSettings.h"
 #include "tools/zorvex/Console.h"
 #include "tools/zorvex/Diagnostics.h"
-#include "tools/zorvex/NamesSwitch.h"
 #include "tools/zorvex/OpenedGame.h"
 #include "tools/zorvex/Resources.h"
 #include "tools/zorvex/SingleLogic.h"
@@ -13,15 +13,10 @@ namespace zorvex::tool {
 
 namespace {
 
-constexpr std::int32_t firstWarning = 5001;
-constexpr std::int32_t lastWarning = 5107;
-
 struct CompileOptions {
     std::string Target;
     std::string Which = "all";
-    std::string Level = "medium";
-    std::string Ignore;
-    bool Names = false;
+    CompilerSettings Compiler;
     bool Check = false;
     bool AsJson = false;
     std::string Output;
@@ -32,11 +27,7 @@ struct CompileOptions {
 void Declare(Declaration& command, CompileOptions& options) {
     command.Option("target", options.Target, "A game, or a single source file").Required();
     command.Option("logic", options.Which, "Of a game: the number or ID of a logic, or all").ShowDefault();
-    command.Option("--level", options.Level, "How strict to be: high makes doubtful source an error")
-        .OneOf({"high", "medium", "low"})
-        .ShowDefault();
-    command.Option("--ignore", options.Ignore, "Warnings not to give, such as 5017,5025");
-    command.Flag("--names", options.Names, "Reserved names such as currentRoom count in any case");
+    DeclareCompiler(command, options.Compiler);
     command.Flag("--check", options.Check, "Only report; nothing is changed");
     DeclareJson(command, options.AsJson);
     const std::string single = "Single file";
@@ -49,24 +40,6 @@ void Declare(Declaration& command, CompileOptions& options) {
     command.Option("--number", options.Number, "The number that the logic is to have")
         .Group(single)
         .ShowDefault();
-}
-
-LogicErrorLevel LevelOf(const std::string& name) {
-    return name == "high" ? leHigh : name == "low" ? leLow : leMedium;
-}
-
-void Configure(AGIGame& game, const CompileOptions& options) {
-    const auto settings = game.LogicSourceSettings();
-    settings->ErrorLevel(LevelOf(options.Level));
-    for (const std::string& text : Split(options.Ignore, ",")) {
-        if (Trim(text).empty()) continue;
-        const auto number = ParseLong(text);
-        if (!number || *number < firstWarning || *number > lastWarning) {
-            throw UsageError("'" + text + "' is no warning; warnings are " + std::to_string(firstWarning) +
-                             " to " + std::to_string(lastWarning));
-        }
-        settings->IgnoreWarning(*number, true);
-    }
 }
 
 std::vector<std::shared_ptr<AGILogic>> ChosenLogics(AGIGame& game, const std::string& which) {
@@ -159,8 +132,8 @@ int CompileReport::Finish() {
 int CompileInGame(const CompileOptions& options) {
     OpenedGame opened(options.Target, options.Check ? Access::Look : Access::Change);
     AGIGame& game = opened.Game();
-    Configure(game, options);
-    const NamesSwitch names(game, options.Names);
+    ApplyCompiler(game, options.Compiler);
+    const NamesSwitch names(game, options.Compiler.Names);
     CompileReport report(game, options.AsJson);
     const auto logics = ChosenLogics(game, options.Which);
     {
@@ -183,8 +156,8 @@ int CompileSingle(const CompileOptions& options) {
     settings.File = options.Target;
     settings.Number = ParseNumber255(options.Number);
     SingleLogic single(settings);
-    Configure(single.Game(), options);
-    const NamesSwitch names(single.Game(), options.Names);
+    ApplyCompiler(single.Game(), options.Compiler);
+    const NamesSwitch names(single.Game(), options.Compiler.Names);
     CompileReport report(single.Game(), options.AsJson);
     report.Compile(single.Logic(), false);
     if (report.AllCompiled() && !options.Check) {

@@ -3,10 +3,10 @@
 #include <cstdio>
 
 #include "tools/zorvex/Commands.h"
+#include "tools/zorvex/CompilerSettings.h"
 #include "tools/zorvex/Console.h"
 #include "tools/zorvex/Diagnostics.h"
 #include "tools/zorvex/Json.h"
-#include "tools/zorvex/NamesSwitch.h"
 #include "tools/zorvex/OpenedGame.h"
 #include "tools/zorvex/Resources.h"
 #include "zorvex/compiler/LogCompile.h"
@@ -38,7 +38,7 @@ struct Fault {
 class Verification {
   public:
     explicit Verification(OpenedGame& opened) : game_(opened.Game()), diagnostics_(opened.Game()) {
-        opened.Game().LogicSourceSettings()->ErrorLevel(leMedium);
+        ApplyCompiler(opened.Game(), CompilerSettings());
         for (const std::string& warning : opened.Warnings())
             faults_.push_back({true, "game", warning});
     }
