@@ -122,6 +122,8 @@ TEST(Tool, ReplacesTheBytesOfAResource) {
         EXPECT_EQ(after, before) << "every other resource is unchanged";
         ASSERT_EQ(RunTool({"extract", dir.Native(), "picture", "-o", files.Native() + "/out"}).Status, 0);
         EXPECT_EQ(files.Read("out/picture.005"), test::CountingBytes(100));
+        EXPECT_EQ(RunTool({"extract", dir.Native(), "picture", "-o", files.Native() + "/out"}).Diagnostics,
+                  "zorvex: " + files.Native() + "/out/picture.005 was there and is replaced\n");
         EXPECT_EQ(RunTool({"put", dir.Native(), "picture:6", files.Native() + "/new"}).Status, 1);
         EXPECT_EQ(RunTool({"put", dir.Native(), "picture", files.Native() + "/new"}).Status, 2);
     }

@@ -59,6 +59,23 @@ TEST(CompileTool, CompilesWhatItCan) {
     EXPECT_EQ(RunTool({"compile", dir.Native(), "1", "--level", "none"}).Status, 2);
 }
 
+TEST(CompileTool, SaysOnceWhatAnIncludedFileGivesEveryLogic) {
+    SKIP_WITHOUT_TOOL();
+    const TempDir dir;
+    WriteGame(dir);
+    dir.Write("src/Logic1.lgc", "#include \"inc.txt\"\r\nload.view(9);\r\nreturn();");
+    dir.Write("src/inc.txt", "#define here there\r\n");
+    const ToolRun run = RunTool({"compile", dir.Native(), "--check"});
+    EXPECT_EQ(run.Status, 0);
+    EXPECT_NE(run.Diagnostics.find("[5022]"), std::string::npos);
+    EXPECT_EQ(run.Diagnostics.find("[5022]"), run.Diagnostics.rfind("[5022]"));
+    EXPECT_NE(run.Diagnostics.find("1 message about included files came again"), std::string::npos);
+    EXPECT_EQ(
+        RunTool({"verify", dir.Native()}).Output,
+        "logic 1: warning: source: line 2: Attempting to load a view that does not exist will cause AGI "
+        "to crash\n0 errors, 1 warning\n");
+}
+
 TEST(CompileTool, CompilesTheTextItMadeOfALogicWithoutSource) {
     SKIP_WITHOUT_TOOL();
     const TempDir dir;

@@ -93,8 +93,9 @@ class BuildReport {
     const DiagnosticList& Diagnostics() const { return diagnostics_; }
     const std::vector<std::string>& Problems() const { return problems_; }
 
-    void Say() const {
+    void Say() {
         diagnostics_.Say();
+        diagnostics_.SayRepeated();
         for (const std::string& problem : problems_)
             SayError(problem);
         for (const std::string& warning : warnings_)
@@ -191,10 +192,12 @@ Json Summary(const BuildReport& report, const fs::path& directory, double second
 }
 
 void PrintSummary(const Json& summary) {
-    std::printf("%zu resources in %d volumes, %zu bytes, %.2f s\n", summary["resources"].get<std::size_t>(),
-                summary["volumes"].get<int>(), summary["bytes"].get<std::size_t>(),
-                summary["seconds"].get<double>());
-    if (summary["failed"] != 0) std::printf("%zu resources failed\n", summary["failed"].get<std::size_t>());
+    std::printf("%s in %s, %zu bytes, %.2f s\n",
+                Counted(summary["resources"].get<std::size_t>(), "resource").c_str(),
+                Counted(summary["volumes"].get<std::size_t>(), "volume").c_str(),
+                summary["bytes"].get<std::size_t>(), summary["seconds"].get<double>());
+    const auto failed = summary["failed"].get<std::size_t>();
+    if (failed != 0) std::printf("%s failed\n", Counted(failed, "resource").c_str());
 }
 
 int Run(const BuildOptions& options) {
@@ -223,9 +226,8 @@ int Run(const BuildOptions& options) {
     if (report.Canceled()) {
         RemoveBegunVolumes(target);
         SayNote(report.Refused()
-                    ? std::to_string(report.Failed()) +
-                          " resources failed and nothing was written; with --keep-going the game "
-                          "is written without them"
+                    ? Counted(report.Failed(), "resource") +
+                          " failed and nothing was written; --keep-going writes the game without what fails"
                     : "canceled; the game is as it was");
         return exitFailed;
     }

@@ -110,10 +110,6 @@ void CompileReport::AddJson(AGILogic& logic, bool compiled, std::size_t first) {
     logics_.push_back(std::move(json));
 }
 
-std::string Counted(std::size_t count, const std::string& what) {
-    return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
-}
-
 int CompileReport::Finish() {
     if (asJson_) {
         Json json;
@@ -122,6 +118,7 @@ int CompileReport::Finish() {
         json["warnings"] = diagnostics_.Warnings();
         PrintJson(json);
     } else {
+        diagnostics_.SayRepeated();
         const std::string failed = AllCompiled() ? "" : ", " + std::to_string(failed_) + " failed";
         SayNote(Counted(compiled_, "logic") + " compiled" + failed + ": " +
                 Counted(diagnostics_.Errors(), "error") + ", " + Counted(diagnostics_.Warnings(), "warning"));

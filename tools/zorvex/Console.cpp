@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
+#include <filesystem>
 #include <vector>
 
 #include "zorvex/game/Text.h"
@@ -23,31 +25,67 @@ std::vector<ScratchName>& ScratchNames() {
     return names;
 }
 
-void Say(std::string_view kind, std::string_view text) {
-    const std::string line = "zorvex: " + std::string(kind) + ShownText(text) + "\n";
+/// The files of the user's that were replaced.
+std::vector<std::string>& Replaced() {
+    static std::vector<std::string> paths;
+    return paths;
+}
+
+void Say(std::string_view head, std::string_view text) {
+    const std::string line = "zorvex: " + std::string(head) + ShownText(text) + "\n";
     std::fflush(stdout);
     std::fwrite(line.data(), 1, line.size(), stderr);
 }
 
 }  // namespace
 
+std::string Counted(std::size_t count, std::string_view noun) {
+    return std::to_string(count) + " " + std::string(noun) + (count == 1 ? "" : "s");
+}
+
+std::string Colored(std::string_view kind) {
+    static const bool wanted = [] {
+        const char* off = std::getenv("NO_COLOR");
+        const char* terminal = std::getenv("TERM");
+        return isatty(STDERR_FILENO) == 1 && (off == nullptr || *off == '\0') && terminal != nullptr &&
+               std::string_view(terminal) != "dumb";
+    }();
+    if (!wanted) return std::string(kind);
+    return (kind == "error" ? "\033[1;31m" : "\033[1;35m") + std::string(kind) + "\033[0m";
+}
+
+void NoteWriting(const std::string& path) {
+    std::error_code ignored;
+    if (std::filesystem::is_regular_file(path, ignored)) Replaced().push_back(path);
+}
+
+void SayReplaced() {
+    const std::vector<std::string>& paths = Replaced();
+    if (paths.size() == 1) SayNote(paths.front() + " was there and is replaced");
+    if (paths.size() > 1) {
+        SayNote(Counted(paths.size(), "file") + " that were there are replaced, the first being " +
+                paths.front());
+    }
+}
+
 std::int32_t ShownNumber(const Error& error) {
     return error.Id() > 0 && error.Id() < 6000 ? error.Id() : error.Number();
 }
 
 void SayError(const Error& error) {
-    Say("error " + std::to_string(ShownNumber(error)) + ": ", error.Description());
+    Say(Colored("error") + " " + std::to_string(ShownNumber(error)) + ": ", error.Description());
 }
 
 void SayError(std::string_view what, const Error& error) {
-    Say(std::string(what) + ": error " + std::to_string(ShownNumber(error)) + ": ", error.Description());
+    Say(std::string(what) + ": " + Colored("error") + " " + std::to_string(ShownNumber(error)) + ": ",
+        error.Description());
 }
 
 void SayError(std::string_view text) {
-    Say("error: ", text);
+    Say(Colored("error") + ": ", text);
 }
 void SayWarning(std::string_view text) {
-    Say("warning: ", text);
+    Say(Colored("warning") + ": ", text);
 }
 void SayNote(std::string_view text) {
     Say("", text);

@@ -19,6 +19,16 @@ void SayWarning(std::string_view text);
 /// Prints "zorvex: <text>".
 void SayNote(std::string_view text);
 
+/// A number with its noun in the singular or plural: "1 error", "2 errors".
+std::string Counted(std::size_t count, std::string_view noun);
+/// "error" or "warning" in its colour where standard error is a terminal that wants colours, else as it is.
+std::string Colored(std::string_view kind);
+
+/// Notes that a file of the user's is about to be written; one that is there already will be told of.
+void NoteWriting(const std::string& path);
+/// Tells which files were replaced since the start.
+void SayReplaced();
+
 /// The id of a catalogue error, or the number of a plain one.
 std::int32_t ShownNumber(const Error& error);
 /// A text of the library as a person should see it: paths of a scratch copy as the paths of the game it

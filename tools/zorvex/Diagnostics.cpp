@@ -65,6 +65,23 @@ std::string ReservedNameHint(AGIGame& game, std::string_view text) {
     return {};
 }
 
+/// A diagnostic as it is printed, with the source line and a mark under the place.
+std::string ShownDiagnostic(const Diagnostic& diagnostic) {
+    std::string text = diagnostic.Path;
+    if (diagnostic.Line > 0) text += ":" + std::to_string(diagnostic.Line);
+    text += ": " + Colored(diagnostic.IsError ? "error" : "warning") + ": " + ShownText(diagnostic.Text);
+    if (!diagnostic.IsError) text += " [" + std::to_string(diagnostic.Number) + "]";
+    text += "\n";
+    if (!diagnostic.SourceLine.empty()) {
+        text += "    " + ReplaceAll(diagnostic.SourceLine, "\t", " ") + "\n";
+        if (diagnostic.Column > 0) {
+            text += "    " + std::string(static_cast<std::size_t>(diagnostic.Column - 1), ' ') + "^\n";
+        }
+    }
+    if (!diagnostic.Hint.empty()) text += "    note: " + diagnostic.Hint + "\n";
+    return text;
+}
+
 }  // namespace
 
 DiagnosticList::DiagnosticList(AGIGame& game)
@@ -119,25 +136,21 @@ std::size_t DiagnosticList::Errors() const {
         all_.begin(), all_.end(), [](const Diagnostic& diagnostic) { return diagnostic.IsError; }));
 }
 
-void DiagnosticList::Say(std::size_t first) const {
+void DiagnosticList::Say(std::size_t first) {
     for (std::size_t i = first; i < all_.size(); ++i) {
-        const Diagnostic& diagnostic = all_[i];
-        std::string text = diagnostic.Path;
-        if (diagnostic.Line > 0) text += ":" + std::to_string(diagnostic.Line);
-        text += diagnostic.IsError ? ": error: " : ": warning: ";
-        text += ShownText(diagnostic.Text);
-        if (!diagnostic.IsError) text += " [" + std::to_string(diagnostic.Number) + "]";
-        text += "\n";
-        if (!diagnostic.SourceLine.empty()) {
-            std::string shown = ReplaceAll(diagnostic.SourceLine, "\t", " ");
-            text += "    " + shown + "\n";
-            if (diagnostic.Column > 0) {
-                text += "    " + std::string(static_cast<std::size_t>(diagnostic.Column - 1), ' ') + "^\n";
-            }
+        const std::string text = ShownDiagnostic(all_[i]);
+        const auto [said, isNew] = said_.emplace(text, all_[i].Logic);
+        if (!isNew && said->second != all_[i].Logic) {
+            ++repeated_;
+        } else {
+            std::fputs(text.c_str(), stderr);
         }
-        if (!diagnostic.Hint.empty()) text += "    note: " + diagnostic.Hint + "\n";
-        std::fputs(text.c_str(), stderr);
     }
+}
+
+void DiagnosticList::SayRepeated() const {
+    if (repeated_ == 0) return;
+    SayNote(Counted(repeated_, "message") + " about included files came again for other logics");
 }
 
 Json JsonOf(const Diagnostic& diagnostic) {

@@ -1,6 +1,7 @@
 // Errors and warnings of the logic compiler, as the tool shows them.
 #pragma once
 
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,8 +35,11 @@ class DiagnosticList {
     const std::vector<Diagnostic>& All() const { return all_; }
     std::size_t Errors() const;
     std::size_t Warnings() const { return all_.size() - Errors(); }
-    /// Prints those from a place in the list on, on standard error.
-    void Say(std::size_t first = 0) const;
+    /// Prints those from a place in the list on, on standard error. What an included file says again for
+    /// another logic is only counted.
+    void Say(std::size_t first = 0);
+    /// Tells how many were not printed because another logic had them already.
+    void SayRepeated() const;
 
   private:
     void AddWarning(std::string_view warning, std::uint8_t logic);
@@ -43,6 +47,8 @@ class DiagnosticList {
 
     AGIGame& game_;
     std::vector<Diagnostic> all_;
+    std::map<std::string, std::uint8_t> said_;  // what was printed, with the logic that it was printed for
+    std::size_t repeated_ = 0;
     Subscription subscription_;
 };
 

@@ -2,6 +2,7 @@
 #include <cstdio>
 
 #include "tools/zorvex/Commands.h"
+#include "tools/zorvex/Console.h"
 #include "tools/zorvex/GameText.h"
 #include "tools/zorvex/Json.h"
 #include "tools/zorvex/ListFiles.h"
@@ -52,6 +53,7 @@ void PrintItems(const AGIInventoryObjects& list) {
 int Show(AGIInventoryObjects& list, const ObjectsOptions& options) {
     if (!options.Output.empty()) {
         list.IsDirty(true);  // written even onto the file that it came from
+        NoteWriting(options.Output);
         list.Export(options.Output, LowerCase(options.Output).ends_with(".ago") ? 1 : 0);
     }
     if (options.Json) {

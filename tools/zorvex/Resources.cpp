@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "tools/zorvex/Command.h"
+#include "tools/zorvex/Console.h"
 #include "zorvex/game/Text.h"
 
 namespace zorvex::tool {
@@ -63,6 +64,7 @@ ByteArray ReadBytes(const std::string& path) {
 }
 
 void WriteBytes(const fs::path& path, ByteView bytes) {
+    NoteWriting(path.string());
     try {
         Files().Write(InnerPath(path.string()), bytes);
     } catch (const Error& error) {

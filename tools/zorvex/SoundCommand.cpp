@@ -124,7 +124,6 @@ fs::path FileIn(const fs::path& directory, const AGISound& sound, std::string ex
 
 /// Writes a sound in the format given by name, or else by the extension.
 void WriteSound(AGISound& sound, const fs::path& path, const std::string& format) {
-    if (fs::exists(path)) SayNote(path.string() + " was there and is replaced");
     const SoundFormat wanted = format.empty() ? sfUndefined : FormatOf(format);
     if (wanted == sfWAV && sound.SndFormat() == kindSample) {  // whatever the file's name
         WriteBytes(path, sound.MIDIData());
@@ -132,6 +131,7 @@ void WriteSound(AGISound& sound, const fs::path& path, const std::string& format
     }
     try {
         const fs::path named = wanted == sfWAV ? fs::path(path).replace_extension(".wav") : path;
+        NoteWriting(named.string());
         sound.Export(named.string(), wanted, false);
     } catch (const Error& error) {
         throw Error(error.Number(), error.Source(), path.string() + ": " + error.Description());

@@ -35,6 +35,11 @@ struct Fault {
     std::string text;
 };
 
+/// The compiler's warnings of what stops an interpreter: commands on resources that the game lacks, divisions
+/// by zero and the like.
+constexpr int stoppers[] = {5010, 5013, 5014, 5015, 5024, 5030, 5037, 5040, 5053, 5061,
+                            5064, 5076, 5084, 5085, 5086, 5089, 5091, 5103, 5107};
+
 class Verification {
   public:
     explicit Verification(OpenedGame& opened) : game_(opened.Game()), diagnostics_(opened.Game()) {
@@ -113,10 +118,13 @@ class Verification {
             AddDiagnostic(logic, diagnostics_.All()[i]);
     }
 
-    // A source that does not compile is the author's trouble: the player has the bytes.
+    // A source that does not compile is the author's trouble: the player has the bytes. What may stop the
+    // interpreter stands perhaps where no player gets to.
     void AddDiagnostic(const AGILogic& logic, const Diagnostic& diagnostic) {
         const std::string place = diagnostic.Line > 0 ? "line " + std::to_string(diagnostic.Line) + ": " : "";
-        if (diagnostic.IsError) Add(false, logic, "source: " + place + diagnostic.Text);
+        const bool told = diagnostic.IsError || std::find(std::begin(stoppers), std::end(stoppers),
+                                                          diagnostic.Number) != std::end(stoppers);
+        if (told) Add(false, logic, "source: " + place + diagnostic.Text);
     }
 
     AGIGame& game_;
@@ -148,8 +156,9 @@ int Run(const VerifyOptions& options) {
         PrintJson(list);
     } else {
         Print(faults);
-        std::printf("%zu errors, %zu warnings\n", static_cast<std::size_t>(errors),
-                    faults.size() - static_cast<std::size_t>(errors));
+        const auto count = static_cast<std::size_t>(errors);
+        std::printf("%s, %s\n", Counted(count, "error").c_str(),
+                    Counted(faults.size() - count, "warning").c_str());
     }
     return errors == 0 ? exitDone : exitFailed;
 }

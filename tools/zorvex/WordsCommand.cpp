@@ -2,6 +2,7 @@
 #include <cstdio>
 
 #include "tools/zorvex/Commands.h"
+#include "tools/zorvex/Console.h"
 #include "tools/zorvex/GameText.h"
 #include "tools/zorvex/Json.h"
 #include "tools/zorvex/ListFiles.h"
@@ -53,6 +54,7 @@ void PrintGroups(const AGIWordList& list) {
 
 int Show(AGIWordList& list, const WordsOptions& options) {
     if (!options.Output.empty()) {
+        NoteWriting(options.Output);
         try {
             list.Export(options.Output, FileTypeOf(options.Output));
         } catch (const Error& error) {

@@ -34,7 +34,9 @@ int RunTool(int argc, char** argv) {
 
 int main(int argc, char** argv) {
     try {
-        return RunTool(argc, argv);
+        const int status = RunTool(argc, argv);
+        zorvex::tool::SayReplaced();
+        return status;
     } catch (const std::exception& error) {
         std::fprintf(stderr, "zorvex: error: %s\n", error.what());
         return zorvex::tool::exitFailed;
