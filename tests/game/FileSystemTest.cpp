@@ -80,6 +80,9 @@ TEST_P(FileSystemTest, RenameReplaceAndCopy) {
     EXPECT_EQ(NamesIn(base_), "LOGDIR Src VOL.0 ");
     EXPECT_EQ(NumberOf([&] { Files().Rename(At("vol.0"), At("logdir")); }), reFileExists);
     EXPECT_EQ(NumberOf([&] { Files().Rename(At("vol.9"), At("vol.8")); }), reFileNotFound);
+    EXPECT_EQ(NumberOf([&] { Files().Rename(At("vol.0"), At("none\\vol.0")); }), reFileNotFound);
+    EXPECT_EQ(NumberOf([&] { Files().Replace(At("vol.0"), At("none\\vol.0")); }), reFileNotFound);
+    EXPECT_EQ(NumberOf([&] { Files().Rename(At("src"), At("SRC\\inner")); }), reBadFileName);
     Files().Copy(At("vol.0"), At("vol.1"));
     Files().Copy(At("LOGDIR"), At("VOL.1"));
     EXPECT_EQ(Text("vol.1"), "log");

@@ -145,7 +145,7 @@ class GameMaking {
         if (const auto error = Attempt([&] { game_.OpenGameZVG(directory + propertyFile); })) {
             RaiseCatalogue(684, errorSource, error->Description());
         }
-        if (!EqualNoCase(oldResDir, resDir_)) {
+        if (!oldResDir.empty() && !EqualNoCase(oldResDir, resDir_)) {
             Attempt([&] { Files().Rename(directory + oldResDir, directory + resDir_); });
         }
         library.ResDirName = resDir_;

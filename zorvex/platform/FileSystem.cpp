@@ -236,7 +236,9 @@ class SystemFiles : public FileSystem {
         const fs::path target = Resolve(to);
         std::error_code code;
         if (ExistsExactly(target) && !fs::equivalent(source, target, code)) RaiseRuntime(reFileExists);
-        fs::rename(source, fs::path(NativePath(to)), code);
+        // The new name is taken as it is written, while the directories before it are found as always.
+        const fs::path wanted(NativePath(WithoutEndSlash(std::string(to))));
+        fs::rename(source, Resolve(InnerPath(wanted.parent_path().string())) / wanted.filename(), code);
         Check(code);
     }
 

@@ -46,12 +46,17 @@ const MemoryFileSystem::Node& MemoryFileSystem::FileAt(std::string_view path) co
     return found->second;
 }
 
+/// A new name can be given only in a directory that exists.
+void MemoryFileSystem::RequireDirectoryOf(std::string_view path) const {
+    if (Kind(JustPath(KeyOf(path), true)) != FileKind::Directory) RaiseRuntime(reFileNotFound);
+}
+
 /// The file of that name, created if need be.
 MemoryFileSystem::Node& MemoryFileSystem::FileFor(std::string_view path) {
     const std::string key = KeyOf(path);
     const auto found = nodes_.find(key);
     if (found == nodes_.end()) {
-        if (Kind(JustPath(key, true)) != FileKind::Directory) RaiseRuntime(reFileNotFound);
+        RequireDirectoryOf(path);
         nodes_[key] = {FullPath(path), FileKind::File, {}, {}};
     } else if (found->second.kind == FileKind::Directory) {
         RaiseRuntime(rePathFileAccess);
@@ -115,6 +120,7 @@ void MemoryFileSystem::Append(std::string_view path, ByteView bytes) {
 /// Moves a file or a directory with all in it. Every node below keeps the case of its own name.
 void MemoryFileSystem::MoveNode(const std::string& from, std::string_view to) {
     const std::string target = FullPath(to);
+    if (KeyOf(to).starts_with(from + "\\")) RaiseRuntime(reBadFileName);
     std::map<std::string, Node> moved;
     for (auto it = nodes_.begin(); it != nodes_.end();) {
         if (it->first != from && !it->first.starts_with(from + "\\")) {
@@ -133,6 +139,7 @@ void MemoryFileSystem::Rename(std::string_view from, std::string_view to) {
     const std::string source = KeyOf(from);
     if (!nodes_.contains(source)) RaiseRuntime(reFileNotFound);
     if (KeyOf(to) != source && nodes_.contains(KeyOf(to))) RaiseRuntime(reFileExists);
+    RequireDirectoryOf(to);
     MoveNode(source, to);
 }
 
@@ -140,6 +147,7 @@ void MemoryFileSystem::Replace(std::string_view from, std::string_view to) {
     const std::string source = KeyOf(from);
     FileAt(source);
     if (Kind(to) == FileKind::Directory) RaiseRuntime(rePathFileAccess);
+    RequireDirectoryOf(to);
     const auto former = nodes_.find(KeyOf(to));
     if (former == nodes_.end()) return MoveNode(source, to);
     const std::string path = former->second.path;
@@ -161,8 +169,7 @@ void MemoryFileSystem::Remove(std::string_view path) {
 void MemoryFileSystem::MakeDirectory(std::string_view path) {
     const std::string key = KeyOf(path);
     if (nodes_.contains(key)) RaiseRuntime(rePathFileAccess);
-    if (Kind(JustPath(key, true)) != FileKind::Directory && !JustPath(key, true).empty())
-        RaiseRuntime(reFileNotFound);
+    RequireDirectoryOf(path);
     nodes_[key] = {FullPath(path), FileKind::Directory, {}, {}};
 }
 

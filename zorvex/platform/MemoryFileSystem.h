@@ -59,6 +59,7 @@ class MemoryFileSystem : public FileSystem {
     static std::string FullPath(std::string_view path);
     static std::string KeyOf(std::string_view path);
     const Node& FileAt(std::string_view path) const;
+    void RequireDirectoryOf(std::string_view path) const;
     Node& FileFor(std::string_view path);
     void MoveNode(const std::string& from, std::string_view to);
 
