@@ -5,6 +5,7 @@
 #include "tests/support/FailingFiles.h"
 #include "tests/support/GameBuilder.h"
 #include "zorvex/Zorvex.h"
+#include "zorvex/game/GameDetection.h"
 #include "zorvex/game/LibraryState.h"
 
 namespace zorvex::test {
@@ -100,6 +101,41 @@ TEST_F(OpenGameTest, WarningsLeaveTheGameOpen) {
     EXPECT_NE(log.find("An error occurred while loading OBJECT: "), std::string::npos);
 }
 
+TEST_F(OpenGameTest, FilesThatCannotBeRead) {
+    Write("AGIDATA.OVL", "2.936");
+    files->MakeUnreadable("\\game\\AGIDATA.OVL");
+    EXPECT_RUNTIME(rePermissionDenied, game.OpenGameDIR("\\game"));
+    ExpectClosed();
+    Write("GO.COM", "   LOADER");
+    EXPECT_TRUE(IsValidGameDir("\\game\\"));
+    EXPECT_EQ(Library().GameID, "GO");
+    files->MakeUnreadable("\\game\\GO.COM");
+    EXPECT_TRUE(IsValidGameDir("\\game\\"));
+    EXPECT_EQ(Library().GameID, "");
+}
+
+TEST_F(OpenGameTest, AGameThatWasMovedIsSavedWhereItIsNow) {
+    game.OpenGameDIR("\\game");
+    Files().Rename("\\game", "\\moved");
+    game.GameDir("\\moved");
+    game.GameAuthor("Somebody");
+    game.VocabularyWords()->AddWord("look", 2);
+    game.VocabularyWords()->Save();
+    game.CloseGame();
+    game.OpenGameZVG("\\moved\\AGI.zvg");
+    EXPECT_EQ(game.GameAuthor(), "Somebody");
+    EXPECT_TRUE(game.VocabularyWords()->WordExists("look"));
+}
+
+TEST_F(OpenGameTest, AGameMayLieAtTheRoot) {
+    game.OpenGameDIR("\\game");
+    game.CloseGame();
+    for (const auto& [path, bytes] : files->All())
+        Files().Copy(path, path.substr(5));
+    game.OpenGameZVG("\\AGI.zvg");
+    EXPECT_EQ(game.GameDir(), "\\");
+}
+
 TEST_F(OpenGameTest, SourcesStayBesideTheGameWhereNoDirectoryIsNamed) {
     game.OpenGameDIR("\\game");
     EXPECT_EQ(game.ResDir(), "\\game\\");
@@ -149,6 +185,16 @@ TEST_F(OpenGameTest, ANewGameHasItsFilesAndATemplateGivesItsOwn) {
     EXPECT_NE(files->Text("\\copy\\globals.txt").find("[ global defines file for COPY\r\n"),
               std::string::npos);
     EXPECT_EQ(Files().Kind("\\ABCDE\\src\\Logic0.lgc"), FileKind::File);
+}
+
+TEST_F(OpenGameTest, ATemplateNeedsNoDirectoryForSources) {
+    game.OpenGameDIR("\\game");
+    game.CloseGame();
+    files->MakeDirectory("\\copy");
+    std::string resDir = "text";
+    game.NewGame("COPY", "", "\\copy", resDir, "\\game");
+    EXPECT_EQ(game.ResDir(), "\\copy\\text\\");
+    EXPECT_EQ(Files().Kind("\\copy\\VOL.0"), FileKind::File);
 }
 
 }  // namespace

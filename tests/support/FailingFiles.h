@@ -26,9 +26,12 @@ class FailingFileSystem : public MemoryFileSystem {
     void KillAt(int n, std::size_t partial = 0);
     /// Nothing fails any more.
     void Heal() { FailAt(0, 0); }
+    /// Lets no part of a file be read by itself from now on. The path is taken exactly.
+    void MakeUnreadable(std::string path) { unreadable_ = std::move(path); }
     /// The changes since the last FailAt, KillAt or Heal, failed ones included. Reads are no changes.
     int Changes() const { return changes_; }
 
+    ByteArray ReadAt(std::string_view path, std::uint64_t offset, std::size_t count) const override;
     void Write(std::string_view path, ByteView bytes) override;
     void WriteAt(std::string_view path, std::uint64_t offset, ByteView bytes) override;
     void Append(std::string_view path, ByteView bytes) override;
@@ -44,6 +47,7 @@ class FailingFileSystem : public MemoryFileSystem {
     template <class Step>
     void Change(ByteView bytes, Step step);
 
+    std::string unreadable_;
     int changes_ = 0;
     int failFrom_ = 0;  // 0: none
     int failUntil_ = 0;

@@ -17,6 +17,8 @@
 #include "zorvex/platform/FileSystem.h"
 #include "zorvex/storage/FileSwap.h"
 #include "zorvex/storage/GameCompile.h"
+#include "zorvex/vocab/AGIInventoryObjects.h"
+#include "zorvex/vocab/AGIWordList.h"
 
 namespace zorvex {
 
@@ -166,6 +168,10 @@ void AGIGame::GameDir(std::string_view value) {
     library.GameDir = ExistingDirectory(value);
     library.GameFile = library.GameDir + JustFileName(library.GameFile);
     library.ResDir = CDir(library.GameDir + library.ResDirName);
+    // What is saved from now on goes to where the game is.
+    library.PropertyList->StringLine(0, library.GameFile);
+    library.VocabularyWords->JoinGame(library.VocabularyWords->Loaded());
+    library.InventoryObjects->JoinGame(library.InventoryObjects->Loaded());
     library.LastEdit = Now();
 }
 

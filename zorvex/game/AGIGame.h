@@ -82,7 +82,6 @@ class AGIGame {
     AGISounds& Sounds() const;
     AGIViews& Views() const;
     std::shared_ptr<AGIWordList> VocabularyWords() const;
-    /// None before the first game.
     std::shared_ptr<AGIInventoryObjects> InventoryObjects() const;
     AGICommands& Commands() const;
     AGITestCommands& TestCommands() const;
@@ -99,8 +98,9 @@ class AGIGame {
     /// rename fails.
     std::string GameID() const;
     void GameID(std::string_view value);
-    /// The game directory, or the current directory while no game is open. The setter moves no file; it has
-    /// no effect while no game is open, and raises 630 for a directory that does not exist.
+    /// The game directory, or the current directory while no game is open. The setter moves no file; what is
+    /// saved later goes to the new directory. It has no effect while no game is open, and raises 630 for a
+    /// directory that does not exist.
     std::string GameDir() const;
     void GameDir(std::string_view value);
     /// Full path of the property file. The setter renames the file and saves the list. Raises 693 while no

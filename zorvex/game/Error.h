@@ -68,7 +68,7 @@ std::string CatalogueText(std::int32_t id, std::initializer_list<std::string_vie
 [[noreturn]] void RaiseFromCatalogue(std::int32_t id, std::string_view source,
                                      std::initializer_list<std::string_view> fillers);
 
-/// Raises the catalogue error of that id; the fillers are texts or whole numbers.
+/// Raises the catalogue error of that id, its placeholders filled.
 template <class... Fillers>
 [[noreturn]] void RaiseCatalogue(std::int32_t id, std::string_view source, const Fillers&... fillers) {
     RaiseFromCatalogue(id, source, {std::string_view(fillers)...});

@@ -12,20 +12,21 @@ namespace zorvex {
 
 namespace {
 
-/// The game's ID by its loader program, or "" if there is none. An error ends the search.
-std::string FindLoaderName(std::string_view directory) {
-    std::string found;
-    Attempt([&] {
+/// The ID of a V2 game: the name of its loader program, "AGI" if there is none, or "" if a program that might
+/// be it cannot be read.
+std::string LoaderID(std::string_view directory) {
+    std::string id;
+    const auto failed = Attempt([&] {
         for (const std::string& name : FilesMatching(directory, "*.COM")) {
             const ByteArray bytes = Files().ReadAt(std::string(directory) + name, 3, 6);
             const std::string upper = UpperCase(name);
             if (UpperCase(std::string(bytes.begin(), bytes.end())) == "LOADER" && upper != "SIERRA.COM") {
-                found = upper.substr(0, upper.size() - 4);
+                id = upper.substr(0, upper.size() - 4);
                 return;
             }
         }
     });
-    return found;
+    return id.empty() && !failed ? "AGI" : id;
 }
 
 // The scan of the interpreter's data file goes this far and no further.
@@ -45,8 +46,7 @@ bool IsValidGameDir(std::string_view directory) {
         return true;
     }
     library.IsV3 = false;
-    library.GameID = FindLoaderName(directory);
-    if (library.GameID.empty()) library.GameID = "AGI";
+    library.GameID = LoaderID(directory);
     return true;
 }
 

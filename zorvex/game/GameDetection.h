@@ -11,7 +11,7 @@ namespace zorvex {
 ///
 /// The first file whose name ends in "DIR" decides: with a volume 0 of the same head beside it the game is V3
 /// and the head is its ID. Any other such file makes it V2; the ID is then the name of a loader program
-/// (*.COM), else "AGI".
+/// (*.COM), "AGI" without one, and empty when the search for one meets a file that cannot be read.
 bool IsValidGameDir(std::string_view directory);
 
 /// The version of the library's game (GameDir, GameID, IsV3) from the interpreter's own data file, or the

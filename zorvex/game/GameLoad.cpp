@@ -80,8 +80,8 @@ void ResetToEmptyGame() {
 
 // --- Start and end of the library ---
 AGIGame::AGIGame() {
+    InitLibraryState();
     LibraryState& library = Library();
-    library = LibraryState();
     library.GameObject = this;
     library.Events = std::make_shared<AGIGameEvents>();
     MakeEmptyCollections();
@@ -133,12 +133,15 @@ void AGIGame::OpenGameDIR(std::string_view newGameDir) {
     WriteGameProperty("General", "ZorvexVersion", LibraryVersion);
     WriteGameProperty("General", "GameID", library.GameID);
 
-    library.InterpreterVersion = DetectInterpreterVersion();
-    if (library.InterpreterVersion.empty()) {
-        ClearIdentity();
-        library.PropertyList.reset();
-        RaiseCatalogue(543, ErrorSource);
-    }
+    Guarded(
+        [&] {
+            library.InterpreterVersion = DetectInterpreterVersion();
+            if (library.InterpreterVersion.empty()) RaiseCatalogue(543, ErrorSource);
+        },
+        [&] {
+            ClearIdentity();
+            library.PropertyList.reset();
+        });
     WriteGameProperty("General", "Interpreter", library.InterpreterVersion);
     FinishGameLoad(1);
 }
@@ -169,7 +172,7 @@ void AGIGame::OpenGameZVG(std::string_view gameZVG) {
         RefusePropertyFile(541, directory);
     }
     library.GameFile = path;
-    library.GameDir = JustPath(path, true).empty() ? "" : JustPath(path);
+    library.GameDir = name == path ? "" : JustPath(path);
     FileSwap::Finish(library.GameDir);
     library.PropertyList = OpenPropertyList(path, false);
     CheckPropertyFileVersion(name);

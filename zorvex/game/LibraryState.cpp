@@ -45,7 +45,7 @@ LibraryState& Library() {
 }
 
 void InitLibraryState() {
-    FillConstants(Library());
+    Library() = LibraryState();
 }
 
 void ResetDefaultPalette() {

@@ -127,7 +127,7 @@ struct LibraryState {
 /// The one record; it exists from first use with its constants and tables in place.
 LibraryState& Library();
 
-/// Fills the constants and tables of the record; a step of AGIGame's start-up.
+/// Makes the record a fresh one, with its constants and tables; a step of AGIGame's start-up.
 void InitLibraryState();
 
 /// Loads the two palette tables with the default colours.
