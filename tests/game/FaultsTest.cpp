@@ -100,6 +100,22 @@ TEST(Events, HandlersMayComeAndGoWhileTheyRun) {
     EXPECT_EQ(calls, "first third1 third2 late ");
 }
 
+TEST(Events, HandlersStayWithTheirEvent) {
+    Event<> event;
+    int calls = 0;
+    const Subscription subscription = event.Subscribe([&] { ++calls; });
+    Event<> copy = event;
+    copy.Raise();
+    EXPECT_EQ(calls, 0);
+    event = copy;
+    event.Raise();
+    EXPECT_EQ(calls, 1);
+    const Event<> moved = std::move(event);
+    moved.Raise();
+    event.Raise();
+    EXPECT_EQ(calls, 2);
+}
+
 TEST(Events, SubscriptionsMayOutliveTheEvent) {
     auto event = std::make_unique<Event<>>();
     int calls = 0;

@@ -13,6 +13,10 @@ namespace zorvex {
 /// call that a handler may make into the game is AGIGame::CancelCompile.
 class AGIGameEvents {
   public:
+    AGIGameEvents() = default;
+    AGIGameEvents(const AGIGameEvents&) = delete;
+    AGIGameEvents& operator=(const AGIGameEvents&) = delete;
+
     /// Progress and problems of AGIGame::CompileGame: status, resource type, number, text.
     Event<ECStatus, AGIResType, std::uint8_t, const std::string&> CompileGameStatus;
     /// Progress of a game load: status, resource type, number, text.

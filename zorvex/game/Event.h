@@ -36,11 +36,17 @@ class Subscription {
 
 /// An event with the given argument types. A handler may subscribe and drop subscriptions, its own included,
 /// while it runs; a handler that subscribes during a raise is first called at the next. A fault of a handler
-/// leaves the raise and reaches the caller.
+/// leaves the raise and reaches the caller. Handlers belong to the event that they subscribed to: a copy of
+/// it has none of them, and it keeps its own when another is assigned to it.
 template <class... Args>
 class Event {
   public:
     using Handler = std::function<void(Args...)>;
+
+    Event() = default;
+    Event(const Event&) {}
+    Event& operator=(const Event&) { return *this; }
+    ~Event() = default;
 
     [[nodiscard]] Subscription Subscribe(Handler handler) {
         auto slot = std::make_shared<Handler>(std::move(handler));
