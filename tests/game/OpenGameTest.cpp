@@ -127,13 +127,27 @@ TEST_F(OpenGameTest, AGameThatWasMovedIsSavedWhereItIsNow) {
     EXPECT_TRUE(game.VocabularyWords()->WordExists("look"));
 }
 
-TEST_F(OpenGameTest, AGameMayLieAtTheRoot) {
+TEST_F(OpenGameTest, AGameMayLieAtTheRootAndInTheCurrentDirectory) {
     game.OpenGameDIR("\\game");
     game.CloseGame();
-    for (const auto& [path, bytes] : files->All())
+    for (const auto& [path, bytes] : files->All()) {
         Files().Copy(path, path.substr(5));
+        Files().Copy(path, "\\work" + path.substr(5));
+    }
     game.OpenGameZVG("\\AGI.zvg");
     EXPECT_EQ(game.GameDir(), "\\");
+    game.CloseGame();
+    game.OpenGameZVG("AGI.zvg");
+    EXPECT_EQ(game.GameFile(), "\\work\\AGI.zvg");
+    game.CloseGame();
+    game.OpenGameDIR("");
+    EXPECT_EQ(game.GameDir(), "\\work\\");
+}
+
+TEST_F(OpenGameTest, ALoadThatFailsClosesTheGame) {
+    game.OpenGameDIR("\\game");
+    EXPECT_ERROR(545, game.FinishGameLoad());
+    ExpectClosed();
 }
 
 TEST_F(OpenGameTest, SourcesStayBesideTheGameWhereNoDirectoryIsNamed) {

@@ -43,10 +43,6 @@ void StorePlain(std::string& field, std::string_view key, std::string_view value
     WriteGeneral(key, field);
 }
 
-std::string CurrentDirectory() {
-    return CDir(Files().CurrentDirectory());
-}
-
 /// A directory name as both directory-name setters take it.
 std::string ValidDirectoryName(std::string_view value) {
     const std::string name(Trim(value));

@@ -73,6 +73,7 @@ void MakeEmptyCollections() {
 }
 
 void ResetToEmptyGame() {
+    Library().GameLoaded = false;
     ClearIdentity();
     MakeEmptyCollections();
     Library().PropertyList.reset();
@@ -112,7 +113,7 @@ AGIGame::~AGIGame() {
 void AGIGame::OpenGameDIR(std::string_view newGameDir) {
     LibraryState& library = Library();
     if (GameLoaded()) RaiseCatalogue(501, ErrorSource);
-    library.GameDir = CDir(InnerPath(newGameDir));
+    library.GameDir = newGameDir.empty() ? CurrentDirectory() : CDir(InnerPath(newGameDir));
     RaiseLoadStatus(lsDecompiling, rtNone);
     FileSwap::Finish(library.GameDir);
     if (!IsValidGameDir(library.GameDir)) {
@@ -171,10 +172,10 @@ void AGIGame::OpenGameZVG(std::string_view gameZVG) {
         if (directory.empty() || DirectoryExists(directory)) RefusePropertyFile(655, name);
         RefusePropertyFile(541, directory);
     }
-    library.GameFile = path;
-    library.GameDir = name == path ? "" : JustPath(path);
+    library.GameDir = name == path ? CurrentDirectory() : JustPath(path);
+    library.GameFile = library.GameDir + name;
     FileSwap::Finish(library.GameDir);
-    library.PropertyList = OpenPropertyList(path, false);
+    library.PropertyList = OpenPropertyList(library.GameFile, false);
     CheckPropertyFileVersion(name);
     library.GameID = ReadGameString("General", "GameID", "");
     if (!IsPlainName(library.GameID)) RefusePropertyFile(690, name);

@@ -97,6 +97,10 @@ std::string CDir(std::string_view directory) {
     return result;
 }
 
+std::string CurrentDirectory() {
+    return CDir(Files().CurrentDirectory());
+}
+
 std::string JustPath(std::string_view path, bool noSlash) {
     const std::size_t last = path.rfind('\\');
     std::string result(last == std::string_view::npos ? std::string_view() : path.substr(0, last));

@@ -27,6 +27,8 @@ std::uint8_t CharToByte(char32_t code);
 
 /// A directory with a backslash behind it, unless it is empty or ends in one.
 std::string CDir(std::string_view directory);
+/// The current directory with a backslash behind it.
+std::string CurrentDirectory();
 /// All but the last part of a path, with a backslash behind it (also behind an empty result) unless
 /// `noSlash`.
 std::string JustPath(std::string_view path, bool noSlash = false);
