@@ -78,7 +78,9 @@ TEST_F(PictureTool, FilesOfAllAreNamedByNumber) {
     ASSERT_EQ(priority.size(), 26880U);
     EXPECT_EQ(priority[2 * 160 + 5], 9);
     EXPECT_EQ(out.Read("all/picture.005.visual")[2 * 160 + 3], 1);
-    EXPECT_EQ(json::parse(out.ReadText("all/picture.012.json"))["errorLevel"], 1);
+    const json endless = json::parse(out.ReadText("all/picture.012.json"));
+    EXPECT_EQ(endless["errorLevel"], 1);
+    EXPECT_EQ(endless["pen"]["visualColor"], 1);
     EXPECT_EQ(game.All(), before);
 }
 

@@ -72,7 +72,18 @@ Json JsonOfColor(AGIColors color) {
     return color < agNone ? Json(int{color}) : Json(nullptr);
 }
 
-Json JsonOfPen(const PenStatus& pen) {
+/// The pen at a picture's position; null when drawing breaks off before. A 0xFF behind the bytes lets the pen
+/// be told at the end of bytes that lack it.
+Json JsonOfPen(AGIPicture& picture) {
+    ByteArray bytes = picture.AllData();
+    bytes.push_back(dfEnd);
+    AGIPicture ended;
+    ended.SetPictureData(bytes);
+    ended.DrawPos(picture.DrawPos());
+    ended.StepDraw(true);
+    ended.VisData();
+    if ((ended.BMPErrLevel() & (peDataEnds | peFailure)) != 0) return nullptr;
+    const PenStatus pen = ended.CurrentToolStatus();
     return {{"visualColor", JsonOfColor(pen.VisColor)},
             {"priorityColor", JsonOfColor(pen.PriColor)},
             {"shape", pen.PlotShape == psRectangle ? "rectangle" : "circle"},
@@ -85,14 +96,12 @@ Json JsonOfPicture(AGIPicture& picture) {
     const std::int32_t last = picture.Size() - 1;
     const std::int32_t position = picture.DrawPos() < 0 ? last : picture.DrawPos();
     Json commands = Json::array();
-    bool brokenOff = (picture.BMPErrLevel() & peFailure) != 0;
     for (const PictureCommandBytes& command : ListPictureCommands(bytes)) {
         Json item{{"position", command.Position},
                   {"code", command.Code},
                   {"name", PictureCommandName(command.Code)},
                   {"operands", ByteArray(command.Operands.begin(), command.Operands.end())}};
         if (command.Cut) item["cut"] = true;
-        brokenOff = brokenOff || (command.Cut && command.Position < position);
         commands.push_back(std::move(item));
     }
     Json json;
@@ -102,7 +111,7 @@ Json JsonOfPicture(AGIPicture& picture) {
     json["errorLevel"] = picture.BMPErrLevel();
     json["faults"] = FaultsOf(picture.BMPErrLevel());
     json["position"] = position;
-    json["pen"] = brokenOff ? Json(nullptr) : JsonOfPen(picture.CurrentToolStatus());
+    json["pen"] = JsonOfPen(picture);
     json["commands"] = std::move(commands);
     return json;
 }
