@@ -25,7 +25,10 @@ DeclaredOption& DeclaredOption::Between(int lowest, int highest) {
 }
 
 DeclaredOption& DeclaredOption::NotNegative() {
-    option_->check(CLI::NonNegativeNumber);
+    const auto tellNegative = [](const std::string& text) {
+        return std::string(text.starts_with('-') ? "must not be negative" : "");
+    };
+    option_->check(tellNegative, "NONNEGATIVE");
     return *this;
 }
 
