@@ -192,6 +192,7 @@ Json Summary(const BuildReport& report, const fs::path& directory, double second
 }
 
 void PrintSummary(const Json& summary) {
+    ClearProgressLine();
     std::printf("%s in %s, %zu bytes, %.2f s\n",
                 Counted(summary["resources"].get<std::size_t>(), "resource").c_str(),
                 Counted(summary["volumes"].get<std::size_t>(), "volume").c_str(),

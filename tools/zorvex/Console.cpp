@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <utility>
 #include <vector>
 
 #include "zorvex/game/Text.h"
@@ -31,8 +32,14 @@ std::vector<std::string>& Replaced() {
     return paths;
 }
 
+bool& HasProgressLine() {
+    static bool shown = false;
+    return shown;
+}
+
 void Say(std::string_view head, std::string_view text) {
     const std::string line = "zorvex: " + std::string(head) + ShownText(text) + "\n";
+    ClearProgressLine();
     std::fflush(stdout);
     std::fwrite(line.data(), 1, line.size(), stderr);
 }
@@ -117,11 +124,15 @@ std::string ShownText(std::string_view text) {
 }
 
 // --- Progress ---
+void ClearProgressLine() {
+    if (std::exchange(HasProgressLine(), false)) std::fputs("\r\033[K", stderr);
+}
+
 Progress::Progress(std::string title, std::size_t total)
     : title_(std::move(title)), total_(total), onTerminal_(isatty(STDERR_FILENO) == 1) {}
 
 Progress::~Progress() {
-    if (shown_) std::fputs("\r\033[K", stderr);
+    ClearProgressLine();
 }
 
 void Progress::Show(std::size_t done, std::string_view at) {
@@ -136,7 +147,7 @@ void Progress::Show(std::size_t done, std::string_view at) {
     line += at;
     std::fwrite(line.data(), 1, line.size(), stderr);
     std::fflush(stderr);
-    shown_ = true;
+    HasProgressLine() = true;
 }
 
 }  // namespace zorvex::tool

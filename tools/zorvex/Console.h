@@ -37,6 +37,10 @@ std::string ShownText(std::string_view text);
 /// From now on ShownText gives paths in `scratch` as paths in `original`.
 void ShowScratchAs(std::string_view scratch, std::string_view original);
 
+/// Clears the line of progress, if one stands there, so that other text does not follow it. Everything that
+/// is said does this first.
+void ClearProgressLine();
+
 /// A line of progress on a terminal; nothing where standard error is none.
 class Progress {
   public:
@@ -52,7 +56,6 @@ class Progress {
   private:
     std::string title_;
     std::size_t total_;
-    bool shown_ = false;
     bool onTerminal_;
 };
 

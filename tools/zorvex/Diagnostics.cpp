@@ -143,6 +143,7 @@ void DiagnosticList::Say(std::size_t first) {
         if (!isNew && said->second != all_[i].Logic) {
             ++repeated_;
         } else {
+            ClearProgressLine();
             std::fputs(text.c_str(), stderr);
         }
     }

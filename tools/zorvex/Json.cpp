@@ -12,6 +12,7 @@ std::string JsonText(const Json& value) {
 
 void PrintJson(const Json& value) {
     const std::string text = JsonText(value);
+    ClearProgressLine();
     std::fwrite(text.data(), 1, text.size(), stdout);
 }
 
