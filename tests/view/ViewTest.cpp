@@ -89,7 +89,8 @@ TEST(View, GoesToAFileAndBack) {
     EXPECT_EQ(Shown(read, 1), (Rows{"021"}));
     EXPECT_EQ(Shown(read, 2), (Rows{"FF", "0F"}));
     EXPECT_FALSE(read.IsDirty());
-    read.Export(dir.File("copy"));
+    read.Export(dir.Native() + "/copy");
+    EXPECT_EQ(read.ID(), "copy");
     EXPECT_EQ(dir.Read("copy"), dir.Read("key.agv"));
 
     EXPECT_EQ(RaisedId([&] { read.Import(dir.File("none")); }), 524);
@@ -98,6 +99,8 @@ TEST(View, GoesToAFileAndBack) {
     EXPECT_EQ(RaisedId([&] { read.SetMirror(1, 0); }), 563);
     EXPECT_EQ(RaisedId([&] { read.Clear(); }), 563);
     EXPECT_EQ(RaisedId([&] { read.ViewDescription(); }), 563);
+    EXPECT_EQ(RaisedId([&] { read.ViewDescription("a chest"); }), 0) << "to be told needs no load";
+    EXPECT_TRUE(read.IsDirty());
 }
 
 TEST(View, BadBytesUnloadIt) {

@@ -3,6 +3,7 @@
 #include "zorvex/game/Faults.h"
 #include "zorvex/game/Helpers.h"
 #include "zorvex/game/Text.h"
+#include "zorvex/platform/FileSystem.h"
 #include "zorvex/view/ViewCodec.h"
 
 namespace zorvex {
@@ -62,7 +63,7 @@ std::string AGIView::ViewDescription() {
 }
 
 void AGIView::ViewDescription(std::string_view value) {
-    RequireSet();
+    if (Loaded()) RequireSet();
     if (value == viewDescription_) return;
     viewDescription_ = value;
     DataDirty(true);
@@ -173,7 +174,7 @@ void AGIView::Save(std::string_view saveFile) {
     RequireLoaded();
     if (!DataDirty()) return;
     BuildViewData();
-    Resource().Save(saveFile);
+    Resource().Save(InnerPath(saveFile));
     if (InGame()) WriteKey("Size", std::to_string(Size()));
     DataDirty(false);
 }
@@ -181,14 +182,16 @@ void AGIView::Save(std::string_view saveFile) {
 void AGIView::Export(std::string_view exportFile, bool resetDirty) {
     RequireLoaded();
     if (DataDirty()) BuildViewData();
-    Resource().Export(exportFile);
-    if (!InGame()) SetFileID(exportFile);
+    const std::string path = InnerPath(exportFile);
+    Resource().Export(path);
+    if (!InGame()) SetFileID(path);
     if (resetDirty) DataDirty(false);
 }
 
 void AGIView::Import(std::string_view importFile) {
-    Guarded([&] { Resource().Import(importFile); }, [&] { Unload(); });
-    SetFileID(importFile);
+    const std::string path = InnerPath(importFile);
+    Guarded([&] { Resource().Import(path); }, [&] { Unload(); });
+    SetFileID(path);
     DataDirty(false);
     WritePropState(false);
     viewSet_ = false;

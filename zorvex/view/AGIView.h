@@ -29,7 +29,7 @@ class AGIView : public GameResource {
     /// and 595, 548, 553, 539, 513 for damage that leaves no view.
     std::shared_ptr<AGILoops> Loops();
     /// The text stored in the view itself; game text, cut to 255 characters when read from bytes. Raises as
-    /// Loops.
+    /// Loops; but the setter needs no load, and the next load replaces what it stored.
     std::string ViewDescription();
     void ViewDescription(std::string_view value);
     /// Makes one loop the mirror of another: from now on both have the source's cels, and the target shows
