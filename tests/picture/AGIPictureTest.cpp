@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
 #include "tests/support/DocumentedBytes.h"
 #include "tests/support/ExpectError.h"
 #include "tests/support/RecordingBitmaps.h"
@@ -226,6 +228,15 @@ TEST(AGIPicture, FailedBitmapsAreNotKept) {
         bitmaps.FailAt(0);
         EXPECT_NE(picture.PriorityBMP(), 0);
     }
+}
+
+TEST(Bitmaps, ServeUntilTheProgramEnds) {
+    const auto drawAndExit = [] {
+        static AGIPicture picture;
+        picture.VisualBMP();
+        std::exit(0);
+    };
+    EXPECT_EXIT(drawAndExit(), testing::ExitedWithCode(0), "");
 }
 
 TEST(Bitmaps, RefuseWhatCannotBe) {

@@ -110,8 +110,9 @@ class MemoryBitmaps final : public DeviceBitmaps {
     std::int32_t nextHandle_ = FirstHandle;
 };
 
+/// Never destroyed: a picture or cel with static lifetime releases its bitmaps when the program ends.
 std::shared_ptr<DeviceBitmaps>& BitmapsInUse() {
-    static std::shared_ptr<DeviceBitmaps> bitmaps = MakeMemoryBitmaps();
+    static auto& bitmaps = *new std::shared_ptr<DeviceBitmaps>(MakeMemoryBitmaps());
     return bitmaps;
 }
 
