@@ -88,6 +88,7 @@ TEST(ViewTool, WhatIsWrittenComesBackAsTheSameView) {
     }
     EXPECT_EQ(RunTool({"view-import", game.Native(), "200", out.Native() + "/sheet.json"}).Status, 0);
     EXPECT_EQ(ViewJson(game, "200"), expected);
+    EXPECT_NE(RunTool({"list", game.Native()}).Output.find(" View200 "), std::string::npos);
     EXPECT_EQ(RunTool({"view-import", game.Native(), "5", out.Native() + "/cels"}).Status, 0);
     EXPECT_EQ(ViewJson(game, "5"), expected) << "a damaged view can be replaced";
 }

@@ -65,6 +65,7 @@ void Save(AGIViews& views, std::uint8_t number, AGIView& view) {
                         " bytes, a resource at most " + std::to_string(MaxResourceSize) + ".");
     }
     if (!views.Exists(number)) {
+        view.ID(std::string(view.TypeWord()) + std::to_string(number));
         views.Add(number, &view);
         return;
     }
