@@ -22,7 +22,8 @@ struct NamedResource {
 
 constexpr NamedResource pictures[]{
     {1, "TitlePic"}, {2, "GardenPic"}, {3, "CavePic"}, {4, "LampRoomPic"}, {5, "EndingPic"}};
-constexpr NamedResource views[]{{0, "Ego"}, {1, "OilCan"}, {2, "BrassKey"}, {3, "OpenDoor"}};
+constexpr NamedResource views[]{{0, "Ego"},  {1, "OilCan"}, {2, "BrassKey"}, {3, "OpenDoor"},
+                                {4, "Gull"}, {5, "Mat"},    {6, "Ship"}};
 constexpr NamedResource sounds[]{{1, "Tune"}, {2, "Chime"}, {3, "Fanfare"}};
 constexpr NamedResource logics[]{{0, "Main"}, {1, "Title"},    {2, "Garden"},
                                  {3, "Cave"}, {4, "LampRoom"}, {5, "Ending"}};
