@@ -118,15 +118,36 @@ class SampleGame {
             CompileLogic(*game_.Logics().Item(named.number), named.id);
     }
 
-    static void CompileLogic(zorvex::AGILogic& logic, const char* id) {
+    /// Warnings and errors name the file and the line, so that an editor finds the place.
+    void CompileLogic(zorvex::AGILogic& logic, const std::string& id) {
+        const auto subscription = game_.GameEvents().LogCompWarning.Subscribe(
+            [&id](const std::string& warning, std::uint8_t) { ShowWarning(id, warning); });
         if (logic.Loaded()) logic.Unload();
         logic.Load();
         try {
             logic.Compile();
         } catch (const zorvex::Error& error) {
-            throw std::runtime_error(std::string(id) + ".lgc: " + error.Description());
+            throw std::runtime_error(Located(id, error.Description()));
         }
         logic.Unload();
+    }
+
+    /// A warning comes as "number|text|line|module".
+    static void ShowWarning(const std::string& id, const std::string& warning) {
+        const std::size_t text = warning.find('|') + 1;
+        const std::size_t module = warning.rfind('|');
+        const std::size_t line = warning.rfind('|', module - 1) + 1;
+        std::fprintf(stderr, "%s.lgc:%s: warning: %s\n", id.c_str(),
+                     warning.substr(line, module - line).c_str(),
+                     warning.substr(text, line - 1 - text).c_str());
+    }
+
+    /// An error of the source comes as "line|module|text", any other as its text alone.
+    static std::string Located(const std::string& id, const std::string& error) {
+        const std::size_t module = error.find('|');
+        const std::size_t text = module == std::string::npos ? module : error.find('|', module + 1);
+        if (text == std::string::npos) return id + ".lgc: " + error;
+        return id + ".lgc:" + error.substr(0, module) + ": " + error.substr(text + 1);
     }
 
     fs::path sources_;
