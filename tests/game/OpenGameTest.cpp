@@ -26,12 +26,13 @@ class OpenGameTest : public testing::Test {
     }
     /// A property file whose section General holds these lines.
     static void WriteProperties(const std::string& general) {
-        Write("A.zvg", "[General]\nZorvexVersion = 2.1.1\n" + general);
+        Write("A.zvg", "[General]\nZorvexVersion = 2.1.1\nGameID = A\nInterpreter = 2.917\n" + general);
     }
     void ExpectClosed() const {
         const LibraryState& library = Library();
         EXPECT_FALSE(game.GameLoaded());
         EXPECT_EQ(library.GameDir + library.GameFile + library.GameID + library.InterpreterVersion, "");
+        EXPECT_EQ(library.ResDirName + library.ResDir, "");
         EXPECT_FALSE(library.IsV3 || library.PropertyList);
         EXPECT_EQ(library.Logics->Count() + library.Views->Count(), 0);
     }
@@ -142,6 +143,12 @@ TEST_F(OpenGameTest, AGameMayLieAtTheRootAndInTheCurrentDirectory) {
     game.CloseGame();
     game.OpenGameDIR("");
     EXPECT_EQ(game.GameDir(), "\\work\\");
+}
+
+TEST_F(OpenGameTest, PropertiesMayBeOneByteACharacter) {
+    WriteProperties("Author = Caf\xE9\nPlatform = x\n");
+    game.OpenGameZVG("\\game\\A.zvg");
+    EXPECT_EQ(game.GameAuthor() + game.Platform(), "Caf\xC3\xA9x");
 }
 
 TEST_F(OpenGameTest, ALoadThatFailsClosesTheGame) {

@@ -11,6 +11,7 @@
 #include "zorvex/game/GameDetection.h"
 #include "zorvex/game/GameProperties.h"
 #include "zorvex/game/Helpers.h"
+#include "zorvex/game/HostText.h"
 #include "zorvex/game/LibraryState.h"
 #include "zorvex/game/NewGame.h"
 #include "zorvex/game/OldPropertyFile.h"
@@ -73,10 +74,13 @@ void MakeEmptyCollections() {
 }
 
 void ResetToEmptyGame() {
-    Library().GameLoaded = false;
+    LibraryState& library = Library();
+    library.GameLoaded = false;
+    library.ResDirName.clear();
+    library.ResDir.clear();
     ClearIdentity();
     MakeEmptyCollections();
-    Library().PropertyList.reset();
+    library.PropertyList.reset();
 }
 
 // --- Start and end of the library ---
@@ -149,6 +153,19 @@ void AGIGame::OpenGameDIR(std::string_view newGameDir) {
 
 namespace {
 
+/// Reads the property file. Its lines are host text, but one that another system wrote may hold a byte for
+/// each character.
+void ReadPropertyFile() {
+    LibraryState& library = Library();
+    library.PropertyList = OpenPropertyList(library.GameFile, false);
+    StringList& list = *library.PropertyList;
+    for (std::int32_t i = 1; i < list.Count(); ++i) {
+        const std::string& line = list.Lines()[static_cast<std::size_t>(i)];
+        const std::string text = HostTextOf(line);
+        if (text != line) list.StringLine(i, text);
+    }
+}
+
 /// Checks the version of the library that wrote the property file; an older one is brought up to date.
 void CheckPropertyFileVersion(const std::string& name) {
     const std::string version = ReadGameString("General", "ZorvexVersion", "");
@@ -175,7 +192,7 @@ void AGIGame::OpenGameZVG(std::string_view gameZVG) {
     library.GameDir = name == path ? CurrentDirectory() : JustPath(path);
     library.GameFile = library.GameDir + name;
     FileSwap::Finish(library.GameDir);
-    library.PropertyList = OpenPropertyList(library.GameFile, false);
+    ReadPropertyFile();
     CheckPropertyFileVersion(name);
     library.GameID = ReadGameString("General", "GameID", "");
     if (!IsPlainName(library.GameID)) RefusePropertyFile(690, name);
