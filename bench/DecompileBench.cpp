@@ -23,12 +23,9 @@ ByteArray Room() {
         code.insert(code.end(), {0xFE, 0x02, 0x00, 0x0C, 0x22});
     }
     code.push_back(0);
-    MessageTable messages;
-    for (std::size_t i = 1; i <= 25; ++i) {
-        messages.MsgUsed[i] = true;
-        messages.MsgText[i] =
-            "A description of what can be seen here, in about as many words as games use for it.";
-    }
+    std::map<std::size_t, std::string> messages;
+    for (std::size_t i = 1; i <= 25; ++i)
+        messages[i] = "A description of what can be seen here, in about as many words as games use for it.";
     return test::LogicOf(code, messages);
 }
 

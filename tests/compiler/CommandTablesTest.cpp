@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "zorvex/compiler/AGICommandFunctions.h"
 #include "zorvex/compiler/AGICommands.h"
 #include "zorvex/compiler/AGITestCommands.h"

@@ -47,8 +47,9 @@ const std::map<int, SourceNote> notesOnCoo{
 }  // namespace
 
 TEST(RealSources, CompileToTheShippedLogics) {
+    SKIP_WITHOUT_GAMES();
     TempDir dir;
-    ZORVEX_COPY_GAME("coo", dir);
+    dir.CopyFrom(RealGame("coo"));
     AGIGame game;
     Open(game, dir);
     ASSERT_EQ(game.ResDirName(), "src");
@@ -72,10 +73,10 @@ TEST(RealSources, CompileToTheShippedLogics) {
 }
 
 TEST(RealGames, GoToTextAndBack) {
-    if (RealGames().empty()) GTEST_SKIP() << "no real games are here; set ZORVEX_GAMES to where they are";
+    SKIP_WITHOUT_GAMES();
     for (const std::string& name : RealGames()) {
         TempDir dir;
-        dir.CopyFrom(*RealGame(name));
+        dir.CopyFrom(RealGame(name));
         AGIGame game;
         Open(game, dir);
         auto& settings = *game.LogicSourceSettings();

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "zorvex/compiler/AGILogicSourceSettings.h"
 #include "zorvex/game/Error.h"
 #include "zorvex/game/LibraryState.h"

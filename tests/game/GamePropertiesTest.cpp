@@ -173,23 +173,23 @@ TEST_F(GamePropertiesTest, TheLogTakesLinesAndNeverRaises) {
 // The input of a case is a former, binary property file as text of bytes; the expectation is the list that it
 // gives.
 TEST_F(GamePropertiesTest, FormerPropertyFiles) {
-    RunCases("old-property-file", [](const CaseFile& file) -> CaseResult {
+    RunCases("old-property-file", [](const CaseFile& file) -> std::string {
         Open(TextOf(BytesOfText(file.Section("input"))));
         ConvertOldPropertyFile();
-        if (!Library().PropertyList) return {"no list", true};
+        if (!Library().PropertyList) return "no list";
         return Library().PropertyList->Text("\n");
     });
 }
 
 TEST_F(GamePropertiesTest, TheExamplesOfTheFormatPageHold) {
-    Open(DocumentedExample("formats/property-file.md", "text"));
+    Open(DocumentedBlock("property-file.md", "text"));
     EXPECT_EQ(ReadGameString("general", "interpreter", ""), "2.936");
     EXPECT_EQ(ReadGameString("General", "About", ""), "two\r\nlines of text");
     EXPECT_EQ(ReadGameLong("Logic7", "CRC32", 0), static_cast<std::int32_t>(0x8B1A9953));
     GetGameProperties();
     EXPECT_EQ(Library().EGAColor[4], 0x1020A0);
 
-    Open(TextOf(BytesOfText(DocumentedExample("formats/property-file.md", "hex"))));
+    Open(TextOf(DocumentedBytes("property-file.md")));
     ConvertOldPropertyFile();
     ASSERT_TRUE(Library().PropertyList);
     EXPECT_EQ(ReadGameString("General", "GameID", ""), "DEMO");

@@ -1,6 +1,4 @@
 // Opening and making games: what each refusal leaves, and what an open game has written.
-#include <gtest/gtest.h>
-
 #include "tests/support/ExpectError.h"
 #include "tests/support/FailingFiles.h"
 #include "tests/support/GameBuilder.h"

@@ -1,7 +1,5 @@
 #include "zorvex/game/PropertyFile.h"
 
-#include <gtest/gtest.h>
-
 #include "tests/support/CaseFile.h"
 #include "tests/support/TestFiles.h"
 #include "zorvex/game/Text.h"
@@ -59,7 +57,7 @@ std::string RunOperation(StringList& list, const std::string& line) {
 
 // The script of a case runs line by line against its input; the lines of the list follow what was read.
 TEST(Cases, PropertyFile) {
-    RunCases("property-file", [](const CaseFile& file) -> CaseResult {
+    RunCases("property-file", [](const CaseFile& file) {
         std::string input = file.Section("input");
         if (!input.empty()) input.pop_back();
         StringList list;

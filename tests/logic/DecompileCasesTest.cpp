@@ -73,12 +73,10 @@ class CaseNames : public DecodeNames {
 };
 
 ByteArray FramedLogic(const CaseFile& file) {
-    MessageTable messages;
+    std::map<std::size_t, std::string> messages;
     for (const std::string& line : LinesOf(file.Section("messages"))) {
         const auto [number, text] = Pair(line, " ");
-        const auto index = static_cast<std::size_t>(ParseLong(number).value());
-        messages.MsgUsed[index] = true;
-        messages.MsgText[index] = text;
+        messages[std::stoul(number)] = text;
     }
     return LogicOf(BytesOfText(file.Section("code")), messages);
 }
@@ -110,7 +108,7 @@ std::string TextOrError(ByteView logic, const DecodeSettings& settings, const De
     }
 }
 
-CaseResult RunCase(const CaseFile& file) {
+std::string RunCase(const CaseFile& file) {
     const std::string version = file.Setting("version", "2.917");
     InitCommandTables();
     SetCommandsForVersion(version);

@@ -1,8 +1,8 @@
 #include "zorvex/logic/LogDecode.h"
 
-#include "tests/support/DocumentedBytes.h"
+#include "tests/support/CaseFile.h"
+#include "tests/support/ExpectError.h"
 #include "tests/support/LogicBytes.h"
-#include "zorvex/game/Error.h"
 #include "zorvex/logic/Disassembly.h"
 #include "zorvex/logic/StringList.h"
 
@@ -14,15 +14,6 @@ DecodedLogic Decode(ByteView logic, LogicErrorLevel level = leHigh) {
     DecodeSettings settings;
     settings.ErrorLevel = level;
     return DecodeLogic(logic, settings, DecodeNames());
-}
-
-std::string FailureOf(ByteView logic) {
-    try {
-        Decode(logic);
-        return "none";
-    } catch (const Error& error) {
-        return error.Description();
-    }
 }
 
 /// `depth` blocks, each the only content of the one around it; the innermost displays a message.
@@ -41,22 +32,17 @@ ByteArray Nested(int depth) {
     return code;
 }
 
-MessageTable OneMessage(std::string text) {
-    MessageTable messages;
-    messages.MsgUsed[1] = true;
-    messages.MsgText[1] = std::move(text);
-    return messages;
-}
-
 }  // namespace
 
 TEST(LogDecode, NestsSixtyThreeBlocksAndNoMore) {
     const std::string text(100, 'x');
-    const DecodedLogic logic = Decode(LogicOf(Nested(63), OneMessage(text)));
+    const DecodedLogic logic = Decode(LogicOf(Nested(63), {{1, text}}));
     // there is no room left on such a line, so that the message is not broken up
     EXPECT_EQ(logic.Lines[63], std::string(126, ' ') + "display(1, 2, \"" + text + "\");");
     EXPECT_EQ(logic.Lines[126], "  }");
-    EXPECT_EQ(FailureOf(LogicOf(Nested(64), OneMessage(text))),
+    EXPECT_EQ(RaisedText([&] {
+                  Decode(LogicOf(Nested(64), {{1, text}}));
+              }),
               "Too many nested blocks (64) at position 384");
 }
 
@@ -67,7 +53,7 @@ TEST(LogDecode, ReadsTheDocumentedExample) {
 
 TEST(LogDecode, ReportsLabelsMessagesAndWarnings) {
     const DecodedLogic logic =
-        Decode(LogicOf(ByteArray{0xFE, 0, 0, 0x65, 9, 0xFE, 0, 0}, OneMessage("x")), leMedium);
+        Decode(LogicOf(ByteArray{0xFE, 0, 0, 0x65, 9, 0xFE, 0, 0}, {{1, "x"}}), leMedium);
     EXPECT_EQ(logic.Labels, (std::vector<std::int32_t>{5, 10}));
     ASSERT_EQ(logic.Messages.size(), 1U);
     EXPECT_EQ(logic.Messages[0].Literal, "\"x\"");
@@ -80,8 +66,8 @@ TEST(LogDecode, KeepsTheTextOfADamagedLogicSmall) {
     ByteArray code;
     for (int i = 0; i < 16000; ++i)
         code.insert(code.end(), {0x65, 1});
-    EXPECT_TRUE(FailureOf(LogicOf(code, OneMessage(std::string(30000, '"'))))
-                    .starts_with("Decompiled text is too long"));
+    const ByteArray logic = LogicOf(code, {{1, std::string(30000, '"')}});
+    EXPECT_TRUE(RaisedText([&] { Decode(logic); }).starts_with("Decompiled text is too long"));
 }
 
 TEST(Disassembly, ListsTestsStatementsAndWhatIsCutOff) {

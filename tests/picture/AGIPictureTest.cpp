@@ -1,20 +1,15 @@
 #include "zorvex/picture/AGIPicture.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdlib>
 
-#include "tests/support/DocumentedBytes.h"
+#include "tests/support/CaseFile.h"
 #include "tests/support/ExpectError.h"
 #include "tests/support/RecordingBitmaps.h"
 #include "tests/support/TestFiles.h"
 #include "zorvex/game/LibraryState.h"
 
-namespace zorvex {
+namespace zorvex::test {
 namespace {
-
-using test::RecordingBitmaps;
-using test::TempDir;
 
 /// Priority lines 3, 1 and 9 at rows 10, 12 and 14 from column 150 on; a visual dot at (0, 0).
 const ByteArray bands{0xF2, 3, 0xF6, 150, 10, 159, 10, 0xF2, 1,    0xF6, 150,  12, 159, 12,
@@ -265,4 +260,4 @@ TEST(Bitmaps, RefuseWhatCannotBe) {
 }
 
 }  // namespace
-}  // namespace zorvex
+}  // namespace zorvex::test

@@ -1,7 +1,5 @@
 #include "zorvex/picture/PictureFunctions.h"
 
-#include <gtest/gtest.h>
-
 #include <set>
 
 #include "zorvex/game/Error.h"

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "tests/support/ExpectError.h"
 #include "tests/support/ExpectedGame.h"
 #include "tests/support/GameBuilder.h"
@@ -10,24 +8,21 @@
 #include "zorvex/picture/AGIPictures.h"
 #include "zorvex/picture/PictureFunctions.h"
 
-namespace zorvex {
+namespace zorvex::test {
 namespace {
-
-using test::ExpectedGame;
-using test::TempDir;
 
 /// A game with pictures 3 and 7, open until the end of the scope.
 class GameOfPictures {
   public:
     GameOfPictures() {
-        test::GameBuilder game;
-        game.Add(rtLogic, 0, test::SmallestLogic());
+        GameBuilder game;
+        game.Add(rtLogic, 0, SmallestLogic());
         game.Add(rtPicture, 7, {0xF0, 1, 0xF6, 0, 0, 0xFF}).Add(rtPicture, 3, {0xFF});
         game.WriteTo(dir_);
         Open();
     }
     void Open() {
-        static_cast<void>(test::RaisedBy([this] { game_.OpenGameDIR(dir_.Path()); }));
+        static_cast<void>(RaisedBy([this] { game_.OpenGameDIR(dir_.Path()); }));
     }
     void Reopen() {
         game_.CloseGame();
@@ -129,31 +124,18 @@ TEST(PicturesInGames, UnsavedChangesGoWithTheBytes) {
 
 // --- Real games ---
 TEST(RealPictures, DrawAsExpected) {
-    if (ExpectedGame::Names().empty())
-        GTEST_SKIP() << "no real games here; set ZORVEX_GAMES to where they are";
-    for (const std::string& name : ExpectedGame::Names()) {
-        const ExpectedGame game(name);
-        for (const auto& expected : game.Resources("picture")) {
-            SCOPED_TRACE(name + " picture " + expected.at("number").dump());
-            AGIPicture picture;
-            ExpectedGame::Place(picture, expected);
-            picture.Load();
-            EXPECT_EQ(HexPad(CRC32(picture.AllData()), 8), expected.at("crc32"));
-            EXPECT_EQ(HexPad(CRC32(picture.VisData()), 8), expected.at("visualCrc32"));
-            EXPECT_EQ(HexPad(CRC32(picture.PriData()), 8), expected.at("priorityCrc32"));
-            EXPECT_EQ(picture.BMPErrLevel(), expected.at("errorLevel"));
-        }
-    }
+    ForEachReal<AGIPicture>([](AGIPicture& picture, const nlohmann::json& expected) {
+        picture.Load();
+        EXPECT_EQ(HexPad(CRC32(picture.AllData()), 8), expected.at("crc32"));
+        EXPECT_EQ(HexPad(CRC32(picture.VisData()), 8), expected.at("visualCrc32"));
+        EXPECT_EQ(HexPad(CRC32(picture.PriData()), 8), expected.at("priorityCrc32"));
+        EXPECT_EQ(picture.BMPErrLevel(), expected.at("errorLevel"));
+    });
 }
 
 TEST(RealPictures, EveryPrefixDraws) {
-    if (ExpectedGame::Names().empty())
-        GTEST_SKIP() << "no real games here; set ZORVEX_GAMES to where they are";
-    const ExpectedGame game(ExpectedGame::Names().front());
-    for (const auto& expected : game.Resources("picture")) {
-        if (expected.at("size") > 2500) continue;
-        AGIPicture picture;
-        ExpectedGame::Place(picture, expected);
+    ForEachReal<AGIPicture>([](AGIPicture& picture, const nlohmann::json& expected) {
+        if (expected.at("size") > 2500) return;
         picture.Load();
         const ByteArray bytes = picture.AllData();
         ByteArray vis;
@@ -162,8 +144,8 @@ TEST(RealPictures, EveryPrefixDraws) {
             const std::int32_t level = DrawPicture(vis, pri, ByteView(bytes).first(size));
             ASSERT_TRUE(level == peDataEnds || level == peFailure) << "size " << size << " level " << level;
         }
-    }
+    });
 }
 
 }  // namespace
-}  // namespace zorvex
+}  // namespace zorvex::test

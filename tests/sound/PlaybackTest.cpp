@@ -7,6 +7,31 @@ namespace {
 
 using std::chrono::milliseconds;
 
+/// A player that keeps the commands it gets, and fails where it is told to.
+class RecordingMedia : public Media {
+  public:
+    std::vector<std::string> Commands;
+    std::map<std::string, std::int32_t> Fail;  // by the first word of the command
+    std::string File;                          // the last one opened
+    ByteArray FileBytes;
+    bool HasCallback = false;
+
+    std::int32_t SendString(std::string_view command,
+                            const std::shared_ptr<NoticeWindow>& callback) override {
+        Commands.emplace_back(command);
+        const std::string word(command.substr(0, command.find(' ')));
+        if (word == "open") {
+            File = command.substr(5, command.find(" type ") - 5);
+            FileBytes = Files().Read(File);
+        }
+        HasCallback = callback != nullptr;
+        return Fail[word];
+    }
+    std::string ErrorText(std::int32_t code) const override {
+        return "  device trouble " + std::to_string(code) + "  ";
+    }
+};
+
 /// A recording player and files in memory, in use for the time of the test, and what a sound has told.
 class Playback : public ::testing::Test {
   protected:

@@ -5,26 +5,9 @@
 namespace zorvex::test {
 namespace {
 
-/// Calls a function with every sound of every real game, loaded, and its expectation.
-template <class Step>
-void ForEachRealSound(Step step) {
-    std::size_t count = 0;
-    for (const std::string& name : ExpectedGame::Names()) {
-        const ExpectedGame game(name);
-        for (const auto& expected : game.Resources("sound")) {
-            SCOPED_TRACE(name + " sound " + expected.at("number").dump());
-            AGISound sound;
-            ExpectedGame::Place(sound, expected);
-            sound.Load();
-            step(sound, expected);
-            ++count;
-        }
-    }
-    if (count == 0) GTEST_SKIP() << "the real games are not here; set ZORVEX_GAMES to where they are";
-}
-
 TEST(RealSounds, HaveTheExpectedNotesAndMidiFiles) {
-    ForEachRealSound([](AGISound& sound, const nlohmann::json& expected) {
+    ForEachReal<AGISound>([](AGISound& sound, const nlohmann::json& expected) {
+        sound.Load();
         nlohmann::json notes = nlohmann::json::array();
         for (int track = 0; track < 4; ++track)
             notes.push_back(sound.Track(track)->Notes()->Count());
@@ -36,7 +19,8 @@ TEST(RealSounds, HaveTheExpectedNotesAndMidiFiles) {
 
 TEST(RealSounds, ComeBackFromBytesAndScriptsOfOurOwn) {
     const TempDir dir;
-    ForEachRealSound([&](AGISound& sound, const nlohmann::json&) {
+    ForEachReal<AGISound>([&](AGISound& sound, const nlohmann::json&) {
+        sound.Load();
         const ByteArray bytes = sound.AllData();
         sound.DataDirty(true);
         sound.Export(dir.File("out.agi"));

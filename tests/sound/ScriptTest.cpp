@@ -5,7 +5,7 @@ namespace zorvex::test {
 namespace {
 
 TEST(SoundScript, Cases) {
-    RunCases("sound-script", [](const CaseFile& file) -> CaseResult {
+    RunCases("sound-script", [](const CaseFile& file) {
         TempDir dir;
         // "~" stands for a blank at the end of a line.
         std::string text = ReplaceAll(file.Section("input"), "~", " ");

@@ -2,17 +2,12 @@
 #pragma once
 
 #include <map>
-#include <string>
-#include <string_view>
-#include <vector>
 
 #include "tests/support/CaseFile.h"
-#include "tests/support/DocumentedBytes.h"
 #include "tests/support/ExpectError.h"
 #include "tests/support/TestFiles.h"
 #include "zorvex/game/LibraryState.h"
 #include "zorvex/logic/StringList.h"
-#include "zorvex/platform/FileSystem.h"
 #include "zorvex/platform/Media.h"
 #include "zorvex/sound/AGISounds.h"
 #include "zorvex/sound/SoundData.h"
@@ -74,32 +69,6 @@ class OpenPropertyList {
     OpenPropertyList& operator=(const OpenPropertyList&) = delete;
 
     std::string Text() const { return Library().PropertyList->Text("\n"); }
-};
-
-/// A player that keeps the commands it gets, and fails where it is told to.
-class RecordingMedia : public Media {
-  public:
-    std::vector<std::string> Commands;
-    std::map<std::string, std::int32_t> Fail;  // by the first word of the command
-    std::string File;                          // the last one opened
-    ByteArray FileBytes;
-
-    std::int32_t SendString(std::string_view command,
-                            const std::shared_ptr<NoticeWindow>& callback) override {
-        Commands.emplace_back(command);
-        const std::string word(command.substr(0, command.find(' ')));
-        if (word == "open") {
-            File = command.substr(5, command.find(" type ") - 5);
-            FileBytes = Files().Read(File);
-        }
-        HasCallback = callback != nullptr;
-        return Fail.contains(word) ? Fail.at(word) : 0;
-    }
-    std::string ErrorText(std::int32_t code) const override {
-        return "  device trouble " + std::to_string(code) + "  ";
-    }
-
-    bool HasCallback = false;
 };
 
 }  // namespace zorvex::test

@@ -3,10 +3,8 @@
 #include "tests/support/ExpectError.h"
 #include "tests/support/TestFiles.h"
 
-namespace zorvex {
+namespace zorvex::test {
 namespace {
-
-using test::TempDir;
 
 AGIResource LoadedWith(const ByteArray& bytes) {
     AGIResource resource;
@@ -138,4 +136,4 @@ TEST(AGIResource, GoesToAFileAndComesBack) {
 }
 
 }  // namespace
-}  // namespace zorvex
+}  // namespace zorvex::test

@@ -1,12 +1,8 @@
 // Opening a game by its directory files: every length, damaged entries, and what is said of them.
-#include <algorithm>
-
 #include "tests/storage/StorageTest.h"
 
-namespace zorvex {
+namespace zorvex::test {
 namespace {
-
-using namespace test;
 
 class DirectoriesTest : public StorageTest {
   protected:
@@ -156,4 +152,4 @@ TEST_F(DirectoriesTest, ThePropertyFileVouchesForAResource) {
 }
 
 }  // namespace
-}  // namespace zorvex
+}  // namespace zorvex::test

@@ -1,15 +1,12 @@
 // Whatever breaks off an operation at any single change of a file: the game opens again, and every resource
 // is there, as before or as after.
-#include <algorithm>
 #include <functional>
 
 #include "tests/storage/StorageTest.h"
 #include "zorvex/game/Faults.h"
 
-namespace zorvex {
+namespace zorvex::test {
 namespace {
-
-using namespace test;
 
 struct Operation {
     std::string name;
@@ -162,7 +159,6 @@ class KillTest : public testing::TestWithParam<bool> {
 };
 
 TEST_P(KillTest, LeavesAGameThatOpensWithEveryResource) {
-    using namespace test;
     for (const Operation& operation : operations) {
         afterAll_ = After(operation);
         const auto kill = [](FailingFileSystem& files, int n) { files.KillAt(n, n % 2 == 0 ? 6 : 0); };
@@ -217,4 +213,4 @@ INSTANTIATE_TEST_SUITE_P(Generations, KillTest, testing::Bool(),
                          [](const auto& generation) { return generation.param ? "V3" : "V2"; });
 
 }  // namespace
-}  // namespace zorvex
+}  // namespace zorvex::test

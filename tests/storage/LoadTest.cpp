@@ -1,8 +1,7 @@
 // Bringing a resource from its volume into the buffer: header, sizes, and both kinds of compression.
-#include <gtest/gtest.h>
-
 #include <random>
 
+#include "tests/support/CaseFile.h"
 #include "tests/support/ExpectError.h"
 #include "tests/support/FailingFiles.h"
 #include "tests/support/LzwEncoder.h"
@@ -13,12 +12,8 @@
 #include "zorvex/storage/ResourceFunctions.h"
 #include "zorvex/storage/V3Directory.h"
 
-namespace zorvex {
+namespace zorvex::test {
 namespace {
-
-using test::LzwCodes;
-using test::LzwCompressed;
-using test::MemoryFiles;
 
 /// A resource at a place of volume 0 of a game of either generation that is made of just that volume.
 class LoadTest : public testing::Test {
@@ -136,30 +131,19 @@ TEST_F(LoadTest, ScramblesTheMessagesOfExpandedLogicsOnly) {
 
 // --- The examples of the pages on volume and directory files
 
-/// The bytes of a page's example; a "#" begins a remark.
-ByteArray Example(const std::string& page) {
-    ByteArray bytes;
-    for (const std::string& line : Split(test::DocumentedExample(page, "hex"), "\n")) {
-        for (const std::string& part : Split(line.substr(0, line.find('#')), " ")) {
-            if (part.size() == 2) bytes.push_back(static_cast<std::uint8_t>(std::stoi(part, nullptr, 16)));
-        }
-    }
-    return bytes;
-}
-
 TEST_F(LoadTest, ReadsTheDocumentedVolume) {
-    const ByteArray volume = Example("formats/volume.md");
+    const ByteArray volume = DocumentedBytes("volume.md");
     const auto load = [&](AGIResType type, std::int32_t loc) {
         Place(true, volume, loc, type).Load();
         return resource_.AllData();
     };
     EXPECT_EQ(load(rtLogic, 0), (ByteArray{1, 0, 0, 0, 2, 0}));
-    EXPECT_EQ(load(rtSound, 13), test::Bytes("ababababa"));
+    EXPECT_EQ(load(rtSound, 13), Bytes("ababababa"));
     EXPECT_EQ(load(rtPicture, 28), (ByteArray{0xF0, 4, 0xF6, 0x10, 0x20, 0xF2, 5, 0xF8, 0x30, 0xFF}));
 }
 
 TEST(DocumentedFormats, TheDirectoryHoldsOneEntryOfEachType) {
-    const ByteArray file = Example("formats/directory.md");
+    const ByteArray file = DocumentedBytes("directory.md");
     const auto entries = [&file](AGIResType type) {
         const DirectoryRange range = V3DirectoryRange(file, type);
         return ByteArray(file.begin() + range.start, file.begin() + range.end);
@@ -208,7 +192,7 @@ TEST(Lzw, FollowsEachRuleOfTheCodes) {
 
 TEST(Lzw, EndsOnEveryDamage) {
     const auto fails = [](const ByteArray& data, std::size_t size) {
-        const auto error = test::RaisedBy([&] { Expanded(data, size); });
+        const auto error = RaisedBy([&] { Expanded(data, size); });
         return error && error->Number() == 559 && error->Description().starts_with("Unhandled error ");
     };
     EXPECT_TRUE(fails(LzwCodes({'a', 256, 257}), 2)) << "does not begin with a reset";
@@ -245,4 +229,4 @@ TEST(PackedPicture, ShiftsBetweenTheColorArguments) {
 }
 
 }  // namespace
-}  // namespace zorvex
+}  // namespace zorvex::test

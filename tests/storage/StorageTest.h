@@ -1,8 +1,6 @@
 // What the tests of storage share: a game in a file system in memory.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <string>
 #include <vector>
 

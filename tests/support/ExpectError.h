@@ -1,12 +1,6 @@
 // Expectations about raised errors.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <optional>
-#include <string>
-#include <utility>
-
 #include "zorvex/game/Error.h"
 
 namespace zorvex::test {
@@ -25,7 +19,7 @@ std::optional<Error> RaisedBy(Step&& step) {
 /// The catalogue id of what a step raises, its plain number where it has no id, 0 when it raises nothing.
 template <class Step>
 std::int32_t RaisedId(Step&& step) {
-    const auto error = RaisedBy(std::forward<Step>(step));
+    const auto error = RaisedBy(step);
     if (!error) return 0;
     return error->Number() < 0 ? error->Id() : error->Number();
 }
@@ -33,8 +27,8 @@ std::int32_t RaisedId(Step&& step) {
 /// The description of what a step raises, "" when it raises nothing.
 template <class Step>
 std::string RaisedText(Step&& step) {
-    const auto error = RaisedBy(std::forward<Step>(step));
-    return error ? error->Description() : std::string();
+    const auto error = RaisedBy(step);
+    return error ? error->Description() : "";
 }
 
 inline std::string Shown(const std::optional<Error>& error) {
@@ -43,28 +37,22 @@ inline std::string Shown(const std::optional<Error>& error) {
            "): " + error->Description();
 }
 
+/// The verdict on what was raised, with the error where it is another one.
+inline testing::AssertionResult Verdict(bool asWanted, const std::optional<Error>& raised) {
+    return (asWanted ? testing::AssertionSuccess() : testing::AssertionFailure()) << Shown(raised);
+}
+
 }  // namespace zorvex::test
 
-/// The statement raises the catalogue error of that id.
-#define EXPECT_ERROR(id, statement)                                                         \
-    do {                                                                                    \
-        const auto raised_ = zorvex::test::RaisedBy([&] { static_cast<void>(statement); }); \
-        EXPECT_TRUE(raised_ && raised_->Is(id))                                             \
-            << #statement " gives " << zorvex::test::Shown(raised_) << ", not " << (id);    \
+/// The statement raises an error of which a condition holds, which calls it `raised`.
+#define EXPECT_RAISED(condition, statement)                                                \
+    do {                                                                                   \
+        const auto raised = zorvex::test::RaisedBy([&] { static_cast<void>(statement); }); \
+        EXPECT_TRUE(zorvex::test::Verdict(raised && (condition), raised)) << #statement;   \
     } while (false)
 
-/// The statement raises the catalogue error of that id with that description.
-#define EXPECT_ERROR_TEXT(id, text, statement)                                              \
-    do {                                                                                    \
-        const auto raised_ = zorvex::test::RaisedBy([&] { static_cast<void>(statement); }); \
-        EXPECT_TRUE(raised_ && raised_->Is(id) && raised_->Description() == (text))         \
-            << #statement " gives " << zorvex::test::Shown(raised_);                        \
-    } while (false)
-
-/// The statement raises that plain run-time error.
-#define EXPECT_RUNTIME(number, statement)                                                             \
-    do {                                                                                              \
-        const auto raised_ = zorvex::test::RaisedBy([&] { static_cast<void>(statement); });           \
-        EXPECT_TRUE(raised_ && raised_->Number() == (number))                                         \
-            << #statement " gives " << zorvex::test::Shown(raised_) << ", not run-time " << (number); \
-    } while (false)
+/// The statement raises the catalogue error of that id, with that description, or that plain run-time error.
+#define EXPECT_ERROR(id, statement) EXPECT_RAISED(raised->Is(id), statement)
+#define EXPECT_ERROR_TEXT(id, text, statement) \
+    EXPECT_RAISED(raised->Is(id) && raised->Description() == (text), statement)
+#define EXPECT_RUNTIME(number, statement) EXPECT_RAISED(raised->Number() == (number), statement)

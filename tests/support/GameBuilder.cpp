@@ -83,8 +83,7 @@ GameBuilder& GameBuilder::Fill(int volume, std::size_t count, std::uint8_t value
 }
 
 std::int32_t GameBuilder::VolumeSize(int volume) const {
-    const auto found = volumes_.find(volume);
-    return found == volumes_.end() ? 0 : static_cast<std::int32_t>(found->second.size());
+    return static_cast<std::int32_t>(volumes_.at(volume).size());
 }
 
 ByteArray GameBuilder::Directory(AGIResType type) const {

@@ -1,8 +1,8 @@
 // Small games for tests, written as files.
 //
-//     GameBuilder game;                                   // V2; GameBuilder("TST") makes a V3 game of that
-//     ID game.Add(rtLogic, 0, SmallestLogic()); game.Add(rtPicture, 5, {0xFF}, 1);                  // in
-//     volume 1 game.WriteTo(dir);
+//     GameBuilder game;  // V2; GameBuilder("TST") makes a V3 game of that ID
+//     game.Add(rtLogic, 0, SmallestLogic()).Add(rtPicture, 5, {0xFF}, 1);  // in volume 1
+//     game.WriteTo(dir);
 #pragma once
 
 #include <array>
@@ -38,8 +38,6 @@ class GameBuilder {
     GameBuilder& Fill(int volume, std::size_t count, std::uint8_t value = 0);
     std::int32_t VolumeSize(int volume) const;
 
-    /// A directory file's bytes: of a type in V2, the one file in V3.
-    ByteArray Directory(AGIResType type) const;
     /// Writes all files of the game, with a vocabulary of two words and an inventory of one item.
     void WriteTo(const TempDir& dir) const;
     /// The same into a directory, a path with a backslash at its end, of the file system in use.
@@ -47,6 +45,8 @@ class GameBuilder {
 
   private:
     bool IsV3() const { return !id_.empty(); }
+    /// A directory file's bytes: of a type in V2, the one file in V3.
+    ByteArray Directory(AGIResType type) const;
     std::map<std::string, ByteArray> AllFiles() const;
 
     std::string id_;

@@ -1,125 +1,90 @@
 #include "tests/support/GameModel.h"
 
-#include <algorithm>
-#include <vector>
+#include <gtest/gtest.h>
 
+#include "tests/support/ExpectedGame.h"
 #include "zorvex/game/Faults.h"
 #include "zorvex/platform/FileSystem.h"
 #include "zorvex/storage/ResourceCollection.h"
+#include "zorvex/storage/V3Directory.h"
+#include "zorvex/storage/VolManager.h"
 
 namespace zorvex::test {
 
 namespace {
 
-constexpr AGIResType v3Order[] = {rtLogic, rtPicture, rtView, rtSound};
+constexpr AGIResType allTypes[] = {rtLogic, rtPicture, rtView, rtSound};
 
+std::string NameOf(const Model::key_type& key) {
+    return NameOfType(key.first) + " " + std::to_string(key.second);
+}
+
+/// The entries of a type.
 ByteArray DirectoryBytes(const std::string& directory, const std::string& id, AGIResType type) {
-    constexpr const char* names[] = {"LOGDIR", "PICDIR", "SNDDIR", "VIEWDIR"};
-    if (id.empty()) return Files().Read(directory + names[type]);
-    const ByteArray file = Files().Read(directory + id + "DIR");
-    const auto place =
-        static_cast<std::size_t>(std::find(std::begin(v3Order), std::end(v3Order), type) - v3Order);
-    const auto offset = [&file](std::size_t at) {
-        return static_cast<std::ptrdiff_t>(file.at(2 * at) + file.at(2 * at + 1) * 256);
-    };
-    const auto end = place == 3 ? static_cast<std::ptrdiff_t>(file.size()) : offset(place + 1);
-    return {file.begin() + offset(place), file.begin() + end};
+    const ByteArray file = Files().Read(directory + DirectoryFileName(type, !id.empty(), id));
+    if (id.empty()) return file;
+    const DirectoryRange range = V3DirectoryRange(file, type);
+    return {file.begin() + range.start, file.begin() + range.end};
 }
 
-struct Stored {
-    AGIResType type;
-    int number;
-    int volume;
-    std::size_t location;
-    ByteArray bytes;
-};
-
-std::vector<Stored> StoredResources(const std::string& directory, const std::string& id) {
-    std::vector<Stored> all;
-    const std::size_t header = id.empty() ? 5 : 7;
-    std::map<int, ByteArray> volumes;
-    for (const AGIResType type : v3Order) {
-        const ByteArray entries = DirectoryBytes(directory, id, type);
-        for (std::size_t n = 0; 3 * n + 2 < entries.size(); ++n) {
-            const std::uint8_t* entry = entries.data() + 3 * n;
-            if (entry[0] == 255) continue;
-            Stored stored{type,
-                          static_cast<int>(n),
-                          entry[0] >> 4,
-                          (entry[0] & 15U) * 65536U + entry[1] * 256U + entry[2],
-                          {}};
-            const std::string path = directory + id + "VOL." + std::to_string(stored.volume);
-            if (!volumes.contains(stored.volume))
-                Attempt([&] { volumes[stored.volume] = Files().Read(path); });
-            const ByteArray& volume = volumes[stored.volume];
-            const std::size_t start = stored.location + header;
-            if (start <= volume.size() && volume[stored.location] == 0x12 &&
-                volume[stored.location + 1] == 0x34) {
-                const std::size_t size =
-                    volume[start - 2] + static_cast<std::size_t>(volume[start - 1] * 256);
-                if (start + size <= volume.size()) {
-                    const auto first = volume.begin() + static_cast<std::ptrdiff_t>(start);
-                    stored.bytes.assign(first, first + static_cast<std::ptrdiff_t>(size));
-                }
-            }
-            all.push_back(stored);
-        }
-    }
-    return all;
-}
-
-std::string NameOf(AGIResType type, int number) {
-    constexpr const char* names[] = {"logic", "picture", "sound", "view"};
-    return std::string(names[type]) + " " + std::to_string(number);
+/// What stands at a place of a volume file; nothing where no resource begins or where it is cut off.
+ByteArray StoredBytes(const std::string& path, std::size_t location, std::size_t headerLength) {
+    if (Files().Kind(path) != FileKind::File) return {};
+    const ByteArray header = Files().ReadAt(path, location, headerLength);
+    if (header.size() < headerLength || header[0] != 0x12 || header[1] != 0x34) return {};
+    const std::size_t size = header[headerLength - 2] + header[headerLength - 1] * 256U;
+    ByteArray bytes = Files().ReadAt(path, location + headerLength, size);
+    return bytes.size() == size ? bytes : ByteArray();
 }
 
 }  // namespace
 
 Model ReadModel(const std::string& directory, const std::string& v3ID) {
+    const std::size_t headerLength = v3ID.empty() ? 5 : 7;
     Model model;
-    for (Stored& stored : StoredResources(directory, v3ID))
-        model[{stored.type, stored.number}] = std::move(stored.bytes);
-    return model;
-}
-
-std::string FindOverlap(const std::string& directory, const std::string& v3ID) {
-    std::vector<Stored> all = StoredResources(directory, v3ID);
-    std::sort(all.begin(), all.end(), [](const Stored& a, const Stored& b) {
-        return std::pair(a.volume, a.location) < std::pair(b.volume, b.location);
-    });
-    for (std::size_t i = 1; i < all.size(); ++i) {
-        const Stored& before = all[i - 1];
-        const std::size_t end = before.location + before.bytes.size() + (v3ID.empty() ? 5 : 7);
-        if (before.volume == all[i].volume && end > all[i].location)
-            return NameOf(before.type, before.number) + " and " + NameOf(all[i].type, all[i].number);
+    std::map<std::pair<std::string, std::size_t>, Model::key_type> places;
+    for (const AGIResType type : allTypes) {
+        const ByteArray entries = DirectoryBytes(directory, v3ID, type);
+        for (std::size_t at = 0; at + 2 < entries.size(); at += 3) {
+            if (entries[at] == 255) continue;
+            const Model::key_type key(type, static_cast<int>(at / 3));
+            const std::string volume = directory + v3ID + "VOL." + std::to_string(entries[at] >> 4);
+            const std::size_t location =
+                (entries[at] & 15U) * 65536U + entries[at + 1] * 256U + entries[at + 2];
+            model[key] = StoredBytes(volume, location, headerLength);
+            const auto [other, isNew] = places.insert({{volume, location}, key});
+            EXPECT_TRUE(isNew) << NameOf(key) << " and " << NameOf(other->second);
+        }
     }
-    return {};
+    std::pair<std::string, std::size_t> end;
+    for (const auto& [place, key] : places) {
+        EXPECT_TRUE(place >= end || place.first != end.first) << NameOf(key) << " begins in another resource";
+        end = {place.first, place.second + headerLength + model[key].size()};
+    }
+    return model;
 }
 
 std::string Difference(const Model& left, const Model& right) {
     for (const auto& [key, bytes] : left) {
         const auto other = right.find(key);
-        if (other == right.end()) return NameOf(key.first, key.second) + " is missing";
-        if (other->second != bytes) return NameOf(key.first, key.second) + " differs";
+        if (other == right.end()) return NameOf(key) + " is missing";
+        if (other->second != bytes) return NameOf(key) + " differs";
     }
     for (const auto& [key, bytes] : right) {
-        if (!left.contains(key)) return NameOf(key.first, key.second) + " is too many";
+        if (!left.contains(key)) return NameOf(key) + " is too many";
     }
     return {};
 }
 
 Model LoadedModel() {
     Model model;
-    for (const AGIResType type : v3Order) {
+    for (const AGIResType type : allTypes) {
         for (const auto& member : CollectionOf(type)->Members()) {
             AGIResource resource;
             resource.ResType(type);
             resource.Init(member->Number(), member->Volume(), member->Loc());
             ByteArray& bytes = model[{type, member->Number()}];
-            Attempt([&] {
-                resource.Load();
-                bytes = resource.AllData();
-            });
+            if (!Attempt([&] { resource.Load(); })) bytes = resource.AllData();
         }
     }
     return model;

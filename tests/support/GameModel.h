@@ -1,8 +1,7 @@
 // What a game holds, read from its files by a reader of its own, to compare with what the library says.
 //
 //     Model model = ReadModel("\\game\\");        // V2, or V3 with the ID as second argument
-//     EXPECT_EQ(ReadModel("\\game\\"), model);
-//     EXPECT_EQ(FindOverlap("\\game\\"), "");
+//     EXPECT_EQ(Difference(ReadModel("\\game\\"), model), "");
 #pragma once
 
 #include <map>
@@ -17,10 +16,8 @@ namespace zorvex::test {
 using Model = std::map<std::pair<AGIResType, int>, ByteArray>;
 
 /// The resources that the directory files of a game name, stored plain; one that cannot be read has no bytes.
+/// No two of them may share bytes.
 Model ReadModel(const std::string& directory, const std::string& v3ID = {});
-
-/// Two resources of which one takes bytes of the other, as a text; "" when there are none.
-std::string FindOverlap(const std::string& directory, const std::string& v3ID = {});
 
 /// Type and number of the first difference, as a text; "" when there is none.
 std::string Difference(const Model& left, const Model& right);

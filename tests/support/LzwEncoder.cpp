@@ -40,15 +40,23 @@ ByteArray LzwCompressed(ByteView plain) {
     BitWriter writer;
     std::map<std::pair<int, int>, int> table;
     int width = 9;
-    int readerNext = 257;  // the entry that the reader makes of the next code
-    int next = 258;
+    int readerNext = 0;  // the entry that the reader makes of the next code
+    int next = 0;
+    int text = -1;
+    const auto reset = [&] {
+        writer.Put(256, width);
+        table.clear();
+        width = 9;
+        readerNext = 257;  // after a reset the first byte makes no entry
+        next = 258;
+        text = -1;
+    };
     const auto put = [&](int code) {
         writer.Put(code, width);
         if (readerNext > (1 << width) - 2 && width < 11) ++width;
         ++readerNext;
     };
-    writer.Put(256, 9);
-    int text = -1;
+    reset();
     for (const std::uint8_t byte : plain) {
         const auto found = table.find({text, byte});
         if (text < 0) {
@@ -61,12 +69,7 @@ ByteArray LzwCompressed(ByteView plain) {
             text = byte;
             if (next == tableSize) {
                 put(text);
-                writer.Put(256, width);
-                table.clear();
-                width = 9;
-                readerNext = 257;  // after a reset the first byte makes no entry
-                next = 258;
-                text = -1;
+                reset();
             }
         }
     }

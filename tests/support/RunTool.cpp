@@ -2,10 +2,6 @@
 
 #include <sys/wait.h>
 
-#include <cstdlib>
-
-#include "tests/support/TestFiles.h"
-
 namespace zorvex::test {
 
 namespace {
@@ -31,6 +27,14 @@ ToolRun RunTool(const std::vector<std::string>& arguments) {
     run.Output = dir.ReadText("out");
     run.Diagnostics = dir.ReadText("err");
     return run;
+}
+
+int StatusOf(const std::vector<std::string>& arguments) {
+    return RunTool(arguments).Status;
+}
+
+void ToolTest::SetUp() {
+    if (ToolPath().empty()) GTEST_SKIP() << "the tool is not built";
 }
 
 }  // namespace zorvex::test

@@ -1,8 +1,7 @@
 // Runs the tool's program and catches what it says.
 #pragma once
 
-#include <string>
-#include <vector>
+#include "tests/support/TestFiles.h"
 
 namespace zorvex::test {
 
@@ -12,11 +11,19 @@ struct ToolRun {
     std::string Diagnostics;  ///< standard error
 };
 
-/// Runs the tool with these arguments. The test is to be skipped where ToolPath() is empty.
+/// Runs the tool with these arguments.
 ToolRun RunTool(const std::vector<std::string>& arguments);
+/// The exit status of the tool with these arguments.
+int StatusOf(const std::vector<std::string>& arguments);
+
+/// A directory for a game and one for what comes out of it. The test is skipped where the tool is not built.
+class ToolTest : public testing::Test {
+  protected:
+    void SetUp() override;
+    std::string Out(const std::string& name) const { return out.Native() + "/" + name; }
+
+    TempDir game;
+    TempDir out;
+};
 
 }  // namespace zorvex::test
-
-/// Skips a test where the tool is not built.
-#define SKIP_WITHOUT_TOOL() \
-    if (zorvex::test::ToolPath().empty()) GTEST_SKIP() << "the tool is not built"

@@ -1,8 +1,5 @@
 #include "tests/support/TestFiles.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -25,12 +22,6 @@ fs::path NewDirectory() {
     }
 }
 
-ByteArray ReadFile(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    EXPECT_TRUE(file) << "cannot read " << path;
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
 fs::path GamesDirectory() {
     if (const char* set = std::getenv("ZORVEX_GAMES")) return set;
     return fs::path(SourceDirectory()) / ".." / "shared" / "games";
@@ -44,6 +35,12 @@ ByteArray Bytes(std::string_view text) {
 
 std::string TextOf(ByteView bytes) {
     return {bytes.begin(), bytes.end()};
+}
+
+std::string TextOfFile(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    EXPECT_TRUE(file) << "cannot read " << path;
+    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 TempDir::TempDir() : native_(NewDirectory().string()), path_(InnerPath(native_) + "\\") {}
@@ -74,11 +71,11 @@ void TempDir::MakeDirectory(std::string_view name) const {
 }
 
 ByteArray TempDir::Read(std::string_view name) const {
-    return ReadFile(fs::path(native_) / name);
+    return Bytes(ReadText(name));
 }
 
 std::string TempDir::ReadText(std::string_view name) const {
-    return TextOf(Read(name));
+    return TextOfFile(fs::path(native_) / name);
 }
 
 bool TempDir::Exists(std::string_view name) const {
@@ -92,7 +89,7 @@ void TempDir::Remove(std::string_view name) const {
 std::map<std::string, ByteArray> TempDir::All() const {
     std::map<std::string, ByteArray> files;
     for (const fs::directory_entry& entry : fs::recursive_directory_iterator(native_)) {
-        if (entry.is_regular_file()) files[fs::relative(entry, native_).string()] = ReadFile(entry);
+        if (entry.is_regular_file()) files[fs::relative(entry, native_).string()] = Bytes(TextOfFile(entry));
     }
     return files;
 }
@@ -108,16 +105,6 @@ std::string SourceDirectory() {
     return ZORVEX_SOURCE_DIR;
 }
 
-std::string DocumentedExample(const std::string& page, const std::string& language) {
-    const std::string text = TextOf(ReadFile(fs::path(SourceDirectory()) / "docs" / page));
-    const std::string mark = "\n```" + language + "\n";
-    const std::size_t begin = text.find(mark);
-    const std::size_t end = text.find("```", begin + mark.size());
-    const bool found = begin != std::string::npos && end != std::string::npos;
-    EXPECT_TRUE(found) << "no " << language << " example in " << page;
-    return found ? text.substr(begin + mark.size(), end - begin - mark.size()) : std::string();
-}
-
 std::string ToolPath() {
     return ZORVEX_TOOL_PATH;
 }
@@ -126,17 +113,15 @@ std::string SampleBuilderPath() {
     return ZORVEX_SAMPLE_BUILDER_PATH;
 }
 
-std::optional<std::string> RealGame(std::string_view name) {
-    const fs::path path = GamesDirectory() / name;
-    if (!fs::is_directory(path)) return std::nullopt;
-    return path.string();
+std::string RealGame(std::string_view name) {
+    return (GamesDirectory() / name).string();
 }
 
 std::vector<std::string> RealGames() {
     std::vector<std::string> names;
     std::error_code none;
     for (const fs::directory_entry& entry : fs::directory_iterator(GamesDirectory(), none)) {
-        if (entry.is_directory()) names.push_back(entry.path().filename().string());
+        if (fs::exists(entry.path() / "expected.json")) names.push_back(entry.path().filename().string());
     }
     std::sort(names.begin(), names.end());
     return names;

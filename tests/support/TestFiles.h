@@ -6,8 +6,8 @@
 //     EXPECT_TRUE(dir.Exists("TEST.zvg"));
 #pragma once
 
+#include <filesystem>
 #include <map>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,9 +16,10 @@
 
 namespace zorvex::test {
 
-/// The bytes of a text, and the text of bytes.
+/// The bytes of a text, the text of bytes, and that of a file; fails the test when there is no such file.
 ByteArray Bytes(std::string_view text);
 std::string TextOf(ByteView bytes);
+std::string TextOfFile(const std::filesystem::path& path);
 
 /// A new empty directory that goes, with all in it, at the end of the scope. It works on the machine's own
 /// files, whatever file system the library uses at the time. Names are relative to it; "a/b" makes the
@@ -40,7 +41,7 @@ class TempDir {
     void Write(std::string_view name, ByteView bytes) const;
     void Write(std::string_view name, std::string_view text) const;
     void MakeDirectory(std::string_view name) const;
-    /// Fails the test when there is no such file. Names are taken exactly.
+    /// Names are taken exactly.
     ByteArray Read(std::string_view name) const;
     std::string ReadText(std::string_view name) const;
     bool Exists(std::string_view name) const;
@@ -58,29 +59,22 @@ class TempDir {
 /// The root of the sources, in the system's form.
 std::string SourceDirectory();
 
-/// The text of the first block of a page below docs/ that is marked with a language, such as "hex"; fails the
-/// test when there is none. So what a page shows is what the tests run.
-std::string DocumentedExample(const std::string& page, const std::string& language);
-
 /// The path of the tool's program, empty where it is not built.
 std::string ToolPath();
 
 /// The path of the program that builds the sample game.
 std::string SampleBuilderPath();
 
-/// The directory of a real game in the system's form; nothing where the games are not there. They are looked
-/// for in the directory that the environment variable ZORVEX_GAMES names, else beside the sources.
-std::optional<std::string> RealGame(std::string_view name);
-
-/// The names of all real games that are there.
+/// The names of the real games that are there with their expectations. They are looked for in the directory
+/// that the environment variable ZORVEX_GAMES names, else beside the sources.
 std::vector<std::string> RealGames();
+
+/// The directory of a real game in the system's form.
+std::string RealGame(std::string_view name);
 
 }  // namespace zorvex::test
 
-/// Skips the test where a real game is not there; else copies it into a TempDir.
-#define ZORVEX_COPY_GAME(name, dir)                                                               \
-    if (const auto realGame = zorvex::test::RealGame(name)) {                                     \
-        (dir).CopyFrom(*realGame);                                                                \
-    } else {                                                                                      \
-        GTEST_SKIP() << "the game " << (name) << " is not here; set ZORVEX_GAMES to where it is"; \
-    }
+/// Skips a test where the real games are not there.
+#define SKIP_WITHOUT_GAMES()               \
+    if (zorvex::test::RealGames().empty()) \
+    GTEST_SKIP() << "no real games are here; set ZORVEX_GAMES to where they are"

@@ -4,24 +4,19 @@
 
 #include "tests/support/GameBuilder.h"
 #include "tests/support/RunTool.h"
-#include "tests/support/TestFiles.h"
 
-namespace zorvex {
+namespace zorvex::test {
 namespace {
 
 using nlohmann::json;
-using test::GameBuilder;
-using test::RunTool;
-using test::TempDir;
-using test::ToolRun;
 
 /// A game of a few resources of each kind.
 GameBuilder SmallGame(const std::string& v3ID = {}) {
     GameBuilder game(v3ID);
-    game.Add(rtLogic, 0, test::SmallestLogic());
+    game.Add(rtLogic, 0, SmallestLogic());
     game.Add(rtPicture, 5, {0xF0, 4, 0xF8, 10, 10, 0xFF});
-    game.Add(rtView, 2, test::SmallestView());
-    game.Add(rtSound, 1, test::SilentSound());
+    game.Add(rtView, 2, SmallestView());
+    game.Add(rtSound, 1, SilentSound());
     return game;
 }
 
@@ -52,8 +47,7 @@ std::vector<std::string> CommandNames() {
     return names;
 }
 
-TEST(Tool, HelpsWithEveryCommandAndRefusesWrongUse) {
-    SKIP_WITHOUT_TOOL();
+TEST_F(ToolTest, HelpsWithEveryCommandAndRefusesWrongUse) {
     const std::vector<std::string> names = CommandNames();
     ASSERT_GE(names.size(), 14U);
     for (const std::string& name : names) {
@@ -64,17 +58,16 @@ TEST(Tool, HelpsWithEveryCommandAndRefusesWrongUse) {
         EXPECT_LT(examples, help.Output.find("Options:")) << name << ": examples stand before the options";
         EXPECT_NE(help.Output.find("zorvex " + name), std::string::npos) << name;
         EXPECT_EQ(help.Diagnostics, "") << name;
-        EXPECT_EQ(RunTool({name, "--no-such-option"}).Status, 2) << name;
-        EXPECT_EQ(RunTool({name}).Status, 2) << name << " without arguments";
+        EXPECT_EQ(StatusOf({name, "--no-such-option"}), 2) << name;
+        EXPECT_EQ(StatusOf({name}), 2) << name << " without arguments";
     }
-    EXPECT_EQ(RunTool({}).Status, 2);
-    EXPECT_EQ(RunTool({"no-such-command"}).Status, 2);
-    EXPECT_EQ(RunTool({"info", "/no/such/game"}).Status, 1);
-    EXPECT_EQ(RunTool({"list", "/tmp", "--type", "song"}).Status, 2);
+    EXPECT_EQ(StatusOf({}), 2);
+    EXPECT_EQ(StatusOf({"no-such-command"}), 2);
+    EXPECT_EQ(StatusOf({"info", "/no/such/game"}), 1);
+    EXPECT_EQ(StatusOf({"list", "/tmp", "--type", "song"}), 2);
 }
 
-TEST(Tool, LooksWithoutTouching) {
-    SKIP_WITHOUT_TOOL();
+TEST_F(ToolTest, LooksWithoutTouching) {
     for (const char* id : {"", "TST"}) {
         const TempDir dir;
         SmallGame(id).Entry(rtLogic, 9, 0, 700).WriteTo(dir);
@@ -87,144 +80,129 @@ TEST(Tool, LooksWithoutTouching) {
         const json list = ListOf(dir.Native());
         ASSERT_EQ(list.size(), 5U);
         EXPECT_EQ(list[1]["error"]["number"], 505) << "a resource that cannot be read has its row";
-        EXPECT_EQ(RunTool({"verify", dir.Native()}).Status, 1);
+        EXPECT_EQ(StatusOf({"verify", dir.Native()}), 1);
         EXPECT_EQ(dir.All(), before);
     }
 }
 
-TEST(Tool, TakesAnEmptyDirectoryFileAsOneEmptyEntry) {
-    SKIP_WITHOUT_TOOL();
-    const TempDir dir;
-    SmallGame().WriteTo(dir);
-    dir.Write("SNDDIR", ByteArray{});
-    const ToolRun look = RunTool({"list", dir.Native()});
+TEST_F(ToolTest, TakesAnEmptyDirectoryFileAsOneEmptyEntry) {
+    SmallGame().WriteTo(game);
+    game.Write("SNDDIR", ByteArray{});
+    const ToolRun look = RunTool({"list", game.Native()});
     EXPECT_EQ(look.Status, 0);
     EXPECT_NE(look.Diagnostics.find("SNDDIR"), std::string::npos);
-    EXPECT_TRUE(dir.Read("SNDDIR").empty());
-    EXPECT_EQ(RunTool({"props", dir.Native(), "author=Me"}).Status, 0);
-    EXPECT_EQ(dir.Read("SNDDIR"), (ByteArray{255, 255, 255}));
-    EXPECT_TRUE(dir.Exists("SNDDIR.OLD"));
-    EXPECT_EQ(RunTool({"props", dir.Native(), "author"}).Output, "Me\n");
+    EXPECT_TRUE(game.Read("SNDDIR").empty());
+    EXPECT_EQ(StatusOf({"props", game.Native(), "author=Me"}), 0);
+    EXPECT_EQ(game.Read("SNDDIR"), (ByteArray{255, 255, 255}));
+    EXPECT_TRUE(game.Exists("SNDDIR.OLD"));
+    EXPECT_EQ(RunTool({"props", game.Native(), "author"}).Output, "Me\n");
 }
 
-TEST(Tool, ReplacesTheBytesOfAResource) {
-    SKIP_WITHOUT_TOOL();
+TEST_F(ToolTest, ReplacesTheBytesOfAResource) {
     for (const char* id : {"", "TST"}) {
         const TempDir dir;
         SmallGame(id).WriteTo(dir);
-        const TempDir files;
-        files.Write("new", test::CountingBytes(100));
+        out.Write("new", CountingBytes(100));
         const auto before = SumsOf(ListOf(dir.Native()));
-        ASSERT_EQ(RunTool({"put", dir.Native(), "picture:5", files.Native() + "/new"}).Status, 0);
+        ASSERT_EQ(StatusOf({"put", dir.Native(), "picture:5", Out("new")}), 0);
         auto after = SumsOf(ListOf(dir.Native()));
         EXPECT_NE(after["picture5"], before.at("picture5"));
         after["picture5"] = before.at("picture5");
         EXPECT_EQ(after, before) << "every other resource is unchanged";
-        ASSERT_EQ(RunTool({"extract", dir.Native(), "picture", "-o", files.Native() + "/out"}).Status, 0);
-        EXPECT_EQ(files.Read("out/picture.005"), test::CountingBytes(100));
-        EXPECT_EQ(RunTool({"extract", dir.Native(), "picture", "-o", files.Native() + "/out"}).Diagnostics,
-                  "zorvex: " + files.Native() + "/out/picture.005 was there and is replaced\n");
-        EXPECT_EQ(RunTool({"put", dir.Native(), "picture:6", files.Native() + "/new"}).Status, 1);
-        EXPECT_EQ(RunTool({"put", dir.Native(), "picture", files.Native() + "/new"}).Status, 2);
+        ASSERT_EQ(StatusOf({"extract", dir.Native(), "picture", "-o", Out("out")}), 0);
+        EXPECT_EQ(out.Read("out/picture.005"), CountingBytes(100));
+        EXPECT_EQ(RunTool({"extract", dir.Native(), "picture", "-o", Out("out")}).Diagnostics,
+                  "zorvex: " + Out("out/picture.005") + " was there and is replaced\n");
+        EXPECT_EQ(StatusOf({"put", dir.Native(), "picture:6", Out("new")}), 1);
+        EXPECT_EQ(StatusOf({"put", dir.Native(), "picture", Out("new")}), 2);
     }
 }
 
-TEST(Tool, EditsTheSetOfResources) {
-    SKIP_WITHOUT_TOOL();
-    const TempDir dir;
-    const std::string game = dir.Native() + "/game";
-    ASSERT_EQ(RunTool({"new", game, "--id", "test"}).Output, game + "/TEST.zvg\n");
-    EXPECT_EQ(RunTool({"add", game, "view"}).Output, "view:0 View0\n");
-    EXPECT_EQ(RunTool({"add", game, "picture:5", "--id", "Hall"}).Output, "picture:5 Hall\n");
-    EXPECT_EQ(RunTool({"add", game, "picture:5"}).Status, 1);
-    dir.Write("room.lgc", std::string_view("if (isset(f5)) {\r\n  quit(1);\r\n}\r\nreturn();\r\n"));
-    EXPECT_EQ(RunTool({"add", game, "logic:3", dir.Native() + "/room.lgc"}).Status, 0);
-    EXPECT_EQ(RunTool({"rename", game, "logic:3", "Room"}).Status, 0);
-    EXPECT_TRUE(dir.Exists("game/src/Room.lgc"));
-    EXPECT_EQ(RunTool({"renumber", game, "picture:5", "200"}).Status, 0);
-    EXPECT_EQ(RunTool({"remove", game, "view:0"}).Status, 0);
-    const json list = ListOf(game);
+TEST_F(ToolTest, EditsTheSetOfResources) {
+    const std::string made = Out("game");
+    ASSERT_EQ(RunTool({"new", made, "--id", "test"}).Output, made + "/TEST.zvg\n");
+    EXPECT_EQ(RunTool({"add", made, "view"}).Output, "view:0 View0\n");
+    EXPECT_EQ(RunTool({"add", made, "picture:5", "--id", "Hall"}).Output, "picture:5 Hall\n");
+    EXPECT_EQ(StatusOf({"add", made, "picture:5"}), 1);
+    out.Write("room.lgc", std::string_view("if (isset(f5)) {\r\n  quit(1);\r\n}\r\nreturn();\r\n"));
+    EXPECT_EQ(StatusOf({"add", made, "logic:3", Out("room.lgc")}), 0);
+    EXPECT_EQ(StatusOf({"rename", made, "logic:3", "Room"}), 0);
+    EXPECT_TRUE(out.Exists("game/src/Room.lgc"));
+    EXPECT_EQ(StatusOf({"renumber", made, "picture:5", "200"}), 0);
+    EXPECT_EQ(StatusOf({"remove", made, "view:0"}), 0);
+    const json list = ListOf(made);
     ASSERT_EQ(list.size(), 3U);
     EXPECT_EQ(list[1]["id"], "Room");
     EXPECT_GT(list[1]["size"], 6);
     EXPECT_EQ(list[2]["number"], 200);
-    EXPECT_EQ(RunTool({"verify", game}).Status, 0);
-    EXPECT_EQ(RunTool({"build", game}).Status, 0);
-    EXPECT_EQ(SumsOf(ListOf(game)), SumsOf(list));
-    const ToolRun copy = RunTool({"new", dir.Native() + "/copy", "--id", "OTHER", "--template", game});
-    EXPECT_EQ(copy.Output, dir.Native() + "/copy/OTHER.zvg\n");
-    EXPECT_EQ(SumsOf(ListOf(dir.Native() + "/copy")), SumsOf(list));
+    EXPECT_EQ(StatusOf({"verify", made}), 0);
+    EXPECT_EQ(StatusOf({"build", made}), 0);
+    EXPECT_EQ(SumsOf(ListOf(made)), SumsOf(list));
+    const ToolRun copy = RunTool({"new", Out("copy"), "--id", "OTHER", "--template", made});
+    EXPECT_EQ(copy.Output, Out("copy/OTHER.zvg\n"));
+    EXPECT_EQ(SumsOf(ListOf(Out("copy"))), SumsOf(list));
 }
 
-TEST(Tool, BuildsAndConvertsIntoOtherDirectories) {
-    SKIP_WITHOUT_TOOL();
-    const TempDir dir;
-    SmallGame().WriteTo(dir);
-    const TempDir out;
-    const auto before = dir.All();
-    const auto sums = SumsOf(ListOf(dir.Native()));
-    EXPECT_EQ(RunTool({"build", dir.Native(), "--rebuild-only", "-o", out.Native() + "/v2"}).Status, 0);
-    EXPECT_EQ(SumsOf(ListOf(out.Native() + "/v2")), sums);
-    EXPECT_EQ(out.Read("v2/WORDS.TOK"), dir.Read("WORDS.TOK"));
-    EXPECT_EQ(RunTool({"convert", dir.Native(), "--to", "3.002149", "-o", out.Native() + "/v3"}).Status, 0);
+TEST_F(ToolTest, BuildsAndConvertsIntoOtherDirectories) {
+    SmallGame().WriteTo(game);
+    const auto before = game.All();
+    const auto sums = SumsOf(ListOf(game.Native()));
+    EXPECT_EQ(StatusOf({"build", game.Native(), "--rebuild-only", "-o", Out("v2")}), 0);
+    EXPECT_EQ(SumsOf(ListOf(Out("v2"))), sums);
+    EXPECT_EQ(out.Read("v2/WORDS.TOK"), game.Read("WORDS.TOK"));
+    EXPECT_EQ(StatusOf({"convert", game.Native(), "--to", "3.002149", "-o", Out("v3")}), 0);
     EXPECT_TRUE(out.Exists("v3/AGIDIR"));
     EXPECT_FALSE(out.Exists("v3/LOGDIR"));
-    EXPECT_EQ(SumsOf(ListOf(out.Native() + "/v3")), sums);
-    EXPECT_EQ(
-        RunTool({"convert", out.Native() + "/v3", "--to", "2.936", "-o", out.Native() + "/back"}).Status, 0);
-    EXPECT_EQ(SumsOf(ListOf(out.Native() + "/back")), sums);
-    EXPECT_EQ(RunTool({"convert", dir.Native(), "--to", "2.5", "-o", out.Native() + "/bad"}).Status, 1);
-    EXPECT_EQ(dir.All(), before);
+    EXPECT_EQ(SumsOf(ListOf(Out("v3"))), sums);
+    EXPECT_EQ(StatusOf({"convert", Out("v3"), "--to", "2.936", "-o", Out("back")}), 0);
+    EXPECT_EQ(SumsOf(ListOf(Out("back"))), sums);
+    EXPECT_EQ(StatusOf({"convert", game.Native(), "--to", "2.5", "-o", Out("bad")}), 1);
+    EXPECT_EQ(game.All(), before);
 }
 
-TEST(Tool, BuildsNothingWhenAResourceFails) {
-    SKIP_WITHOUT_TOOL();
-    const TempDir dir;
-    SmallGame().Add(rtLogic, 3, test::SmallestLogic()).WriteTo(dir);
-    dir.Write("src/Logic0.lgc", std::string_view("return();\r\n"));
-    dir.Write("src/Logic3.lgc", std::string_view("set(f5)\r\nreturn();\r\n"));
-    const auto sums = SumsOf(ListOf(dir.Native()));
-    const ToolRun refused = RunTool({"build", dir.Native()});
+TEST_F(ToolTest, BuildsNothingWhenAResourceFails) {
+    SmallGame().Add(rtLogic, 3, SmallestLogic()).WriteTo(game);
+    game.Write("src/Logic0.lgc", std::string_view("return();\r\n"));
+    game.Write("src/Logic3.lgc", std::string_view("set(f5)\r\nreturn();\r\n"));
+    const auto sums = SumsOf(ListOf(game.Native()));
+    const ToolRun refused = RunTool({"build", game.Native()});
     EXPECT_EQ(refused.Status, 1);
     EXPECT_NE(refused.Diagnostics.find("/src/Logic3.lgc:1: error: 4007"), std::string::npos);
-    EXPECT_EQ(SumsOf(ListOf(dir.Native())), sums);
-    EXPECT_FALSE(dir.Exists("NEW_VOL.0"));
-    EXPECT_EQ(RunTool({"build", dir.Native(), "--keep-going"}).Status, 1);
-    EXPECT_EQ(SumsOf(ListOf(dir.Native())).size(), sums.size() - 1);
+    EXPECT_EQ(SumsOf(ListOf(game.Native())), sums);
+    EXPECT_FALSE(game.Exists("NEW_VOL.0"));
+    EXPECT_EQ(StatusOf({"build", game.Native(), "--keep-going"}), 1);
+    EXPECT_EQ(SumsOf(ListOf(game.Native())).size(), sums.size() - 1);
 
-    dir.Write("src/Logic0.lgc", std::string_view("get.string(s66, \"What?\", 22, 1, 5);\r\nreturn();\r\n"));
-    EXPECT_EQ(RunTool({"build", dir.Native()}).Status, 0) << "as compile does, at the medium level";
-    EXPECT_EQ(RunTool({"build", dir.Native(), "--level", "high"}).Status, 1);
+    game.Write("src/Logic0.lgc", std::string_view("get.string(s66, \"What?\", 22, 1, 5);\r\nreturn();\r\n"));
+    EXPECT_EQ(StatusOf({"build", game.Native()}), 0) << "as compile does, at the medium level";
+    EXPECT_EQ(StatusOf({"build", game.Native(), "--level", "high"}), 1);
 }
 
-TEST(Tool, RepairsWhatNeedsNoGuess) {
-    SKIP_WITHOUT_TOOL();
-    const TempDir dir;
-    GameBuilder game = SmallGame();
-    game.Add(rtPicture, 6, {0xF0, 4, 0xF8, 10, 10});
-    game.Add(rtView, 3, {1, 1, 1, 13, 0, 7, 0, 1, 3, 0, 1, 1, 0, 0});
-    game.Entry(rtLogic, 7, 3, 0);
-    game.WriteTo(dir);
+TEST_F(ToolTest, RepairsWhatNeedsNoGuess) {
+    GameBuilder builder = SmallGame();
+    builder.Add(rtPicture, 6, {0xF0, 4, 0xF8, 10, 10});
+    builder.Add(rtView, 3, {1, 1, 1, 13, 0, 7, 0, 1, 3, 0, 1, 1, 0, 0});
+    builder.Entry(rtLogic, 7, 3, 0);
+    builder.WriteTo(game);
     // Two words that share no letter: the first and the second entry both begin with a zero byte.
     ByteArray words(52);
     words[1] = 52;
     for (const int byte : {0, 0x9E, 0, 0, 0, 0x9D, 0, 2})
         words.push_back(static_cast<std::uint8_t>(byte));
-    dir.Write("WORDS.TOK", words);
-    dir.Write("SNDDIR", ByteArray{});
-    EXPECT_EQ(RunTool({"verify", dir.Native()}).Status, 1);
-    const TempDir out;
-    const ToolRun repair = RunTool({"repair", dir.Native(), "-o", out.Native() + "/fixed", "--json"});
+    game.Write("WORDS.TOK", words);
+    game.Write("SNDDIR", ByteArray{});
+    EXPECT_EQ(StatusOf({"verify", game.Native()}), 1);
+    const ToolRun repair = RunTool({"repair", game.Native(), "-o", Out("fixed"), "--json"});
     EXPECT_EQ(repair.Status, 0) << repair.Diagnostics;
     EXPECT_EQ(json::parse(repair.Output).size(), 5U) << repair.Output;
-    const ToolRun verified = RunTool({"verify", out.Native() + "/fixed"});
+    const ToolRun verified = RunTool({"verify", Out("fixed")});
     EXPECT_EQ(verified.Status, 0) << verified.Output << verified.Diagnostics;
     EXPECT_TRUE(out.Exists("fixed/VOL.0.OLD"));
     EXPECT_TRUE(out.Exists("fixed/LOGDIR.OLD"));
     out.Remove("fixed/LOGDIR");
-    const ToolRun failed = RunTool({"repair", out.Native() + "/fixed"});
-    EXPECT_NE(failed.Diagnostics.find("(" + out.Native() + "/fixed/LOGDIR)"), std::string::npos);
+    const ToolRun failed = RunTool({"repair", Out("fixed")});
+    EXPECT_NE(failed.Diagnostics.find("(" + Out("fixed/LOGDIR") + ")"), std::string::npos);
 }
 
 }  // namespace
-}  // namespace zorvex
+}  // namespace zorvex::test

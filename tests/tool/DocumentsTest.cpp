@@ -1,36 +1,27 @@
 // The documents name only what is there.
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <regex>
 
 #include "tests/support/TestFiles.h"
 
-namespace zorvex {
+namespace zorvex::test {
 namespace {
 
-std::string TextOfFile(const std::filesystem::path& path) {
-    std::ifstream stream(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-}
-
-void ExpectPaths(const std::string& document, const std::regex& pattern) {
-    const std::filesystem::path root = test::SourceDirectory();
+void ExpectPaths(const std::string& document, const std::string& pattern) {
+    const std::filesystem::path root = SourceDirectory();
     const std::string text = TextOfFile(root / document);
-    ASSERT_FALSE(text.empty()) << document;
-    for (std::sregex_iterator it(text.begin(), text.end(), pattern), end; it != end; ++it) {
+    const std::regex form(pattern);
+    for (std::sregex_iterator it(text.begin(), text.end(), form), end; it != end; ++it)
         EXPECT_TRUE(std::filesystem::exists(root / (*it)[1].str())) << document << " names " << (*it)[1];
-    }
 }
 
 TEST(Documents, NameFilesThatExist) {
-    const std::regex quoted(R"(`((?:zorvex|tools|tests|examples|bench|fuzz|docs)/[A-Za-z./]*)`)");
+    const std::string quoted = R"(`((?:zorvex|tools|tests|examples|bench|fuzz|docs)/[A-Za-z./]*)`)";
+    const std::string linked = R"(\]\(([^)#:]+)\))";
     ExpectPaths("HACKING.md", quoted);
     ExpectPaths("README.md", quoted);
-    const std::regex linked(R"(\]\(([^)#:]+)\))");
     ExpectPaths("README.md", linked);
     ExpectPaths("CONTRIBUTING.md", linked);
 }
 
 }  // namespace
-}  // namespace zorvex
+}  // namespace zorvex::test

@@ -3,7 +3,6 @@
 
 #include "tests/support/GameBuilder.h"
 #include "tests/support/RunTool.h"
-#include "tests/support/TestFiles.h"
 #include "tools/zorvex/PngFile.h"
 
 namespace zorvex::test {
@@ -14,10 +13,9 @@ using nlohmann::json;
 /// A blue dot at (3, 2), a priority dot of 9 at (5, 2), then a green dot at (7, 2).
 const ByteArray dots{0xF0, 1, 0xF6, 3, 2, 0xF1, 0xF2, 9, 0xF6, 5, 2, 0xF3, 0xF0, 2, 0xF6, 7, 2, 0xFF};
 
-class PictureTool : public testing::Test {
+class PictureTool : public ToolTest {
   protected:
-    void SetUp() override {
-        SKIP_WITHOUT_TOOL();
+    PictureTool() {
         GameBuilder builder;
         builder.Add(rtLogic, 0, SmallestLogic()).Add(rtPicture, 5, dots).Add(rtPicture, 12, {0xF0, 1});
         builder.WriteTo(game);
@@ -26,14 +24,11 @@ class PictureTool : public testing::Test {
 
     /// Draws picture 5 with these options and reads the image.
     tool::ReadImage Image(std::vector<std::string> options) {
-        options.insert(options.begin(), {"picture", game.Native(), "5", "-o", out.Native() + "/i.png"});
+        options.insert(options.begin(), {"picture", game.Native(), "5", "-o", Out("i.png")});
         const ToolRun run = RunTool(options);
         EXPECT_EQ(run.Status, 0) << run.Diagnostics;
         return tool::DecodePng(out.Read("i.png"));
     }
-
-    TempDir game;
-    TempDir out;
 };
 
 TEST_F(PictureTool, ImagesHoldTheColorNumbersAtTheSizeAsked) {
@@ -68,7 +63,7 @@ TEST_F(PictureTool, FilesOfAllAreNamedByNumber) {
     const auto before = game.All();
     for (const auto& [option, extension] :
          {std::pair("--scale=1", ".png"), std::pair("--raw", ".visual"), std::pair("--json", ".json")}) {
-        const ToolRun run = RunTool({"picture", game.Native(), "all", "-o", out.Native() + "/all", option});
+        const ToolRun run = RunTool({"picture", game.Native(), "all", "-o", Out("all"), option});
         EXPECT_EQ(run.Status, 1) << run.Diagnostics;
         EXPECT_NE(run.Diagnostics.find("Picture13 was skipped"), std::string::npos);
         EXPECT_NE(run.Diagnostics.find("picture.012: the data ends without 0xFF"), std::string::npos);
@@ -85,16 +80,16 @@ TEST_F(PictureTool, FilesOfAllAreNamedByNumber) {
 }
 
 TEST_F(PictureTool, TellsOfOnePicture) {
-    const ToolRun run = RunTool({"picture", out.Native() + "/one.pic", "--json", "--until", "12"});
+    const ToolRun run = RunTool({"picture", Out("one.pic"), "--json", "--until", "12"});
     ASSERT_EQ(run.Status, 0) << run.Diagnostics;
     const json shown = json::parse(run.Output);
     EXPECT_EQ(shown["position"], 12);
     EXPECT_EQ(shown["pen"]["priorityColor"], nullptr);
     EXPECT_EQ(shown["commands"][1]["position"], 2);
     EXPECT_EQ(shown["commands"][1]["operands"], (json{3, 2}));
-    EXPECT_EQ(RunTool({"picture", game.Native(), "7", "--json"}).Status, 1);
-    EXPECT_EQ(RunTool({"picture", game.Native(), "5", "--both", "--priority"}).Status, 2);
-    EXPECT_EQ(RunTool({"picture", game.Native(), "all", "-o", out.Native() + "/a.png"}).Status, 2);
+    EXPECT_EQ(StatusOf({"picture", game.Native(), "7", "--json"}), 1);
+    EXPECT_EQ(StatusOf({"picture", game.Native(), "5", "--both", "--priority"}), 2);
+    EXPECT_EQ(StatusOf({"picture", game.Native(), "all", "-o", Out("a.png")}), 2);
 }
 
 }  // namespace

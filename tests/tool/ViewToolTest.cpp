@@ -5,7 +5,6 @@
 
 #include "tests/support/GameBuilder.h"
 #include "tests/support/RunTool.h"
-#include "tests/support/TestFiles.h"
 #include "tools/zorvex/PngFile.h"
 
 namespace zorvex::test {
@@ -17,26 +16,25 @@ using nlohmann::json;
 const ByteArray pairView{1, 1,    2, 21,   0, 9,    0, 9, 0,   1,    3,    0, 4,
                          2, 0x80, 1, 0x12, 0, 0x11, 0, 0, 'k', 0x9B, 0xFF, 0};
 
-void WriteGame(const TempDir& dir) {
-    ByteArray late = SmallestView();
-    late[3] = 13;
-    GameBuilder game;
-    game.Add(rtLogic, 0, SmallestLogic()).Add(rtPicture, 0, {0xFF}).Add(rtSound, 0, SilentSound());
-    game.Add(rtView, 1, pairView).Add(rtView, 5, late).Add(rtView, 9, SmallestView());
-    game.WriteTo(dir);
-}
+class ViewTool : public ToolTest {
+  protected:
+    ViewTool() {
+        ByteArray late = SmallestView();
+        late[3] = 13;
+        GameBuilder builder;
+        builder.Add(rtLogic, 0, SmallestLogic()).Add(rtPicture, 0, {0xFF}).Add(rtSound, 0, SilentSound());
+        builder.Add(rtView, 1, pairView).Add(rtView, 5, late).Add(rtView, 9, SmallestView());
+        builder.WriteTo(game);
+    }
 
-json ViewJson(const TempDir& game, const std::string& number) {
-    const ToolRun run = RunTool({"view", game.Native(), number, "--json"});
-    EXPECT_EQ(run.Status, 0) << run.Diagnostics;
-    return json::parse(run.Output, nullptr, false);
-}
+    json ViewJson(const std::string& number) const {
+        const ToolRun run = RunTool({"view", game.Native(), number, "--json"});
+        EXPECT_EQ(run.Status, 0) << run.Diagnostics;
+        return json::parse(run.Output, nullptr, false);
+    }
+};
 
-TEST(ViewTool, AllWritesWhatCanBeReadAndTellsTheRest) {
-    SKIP_WITHOUT_TOOL();
-    const TempDir game;
-    const TempDir out;
-    WriteGame(game);
+TEST_F(ViewTool, AllWritesWhatCanBeReadAndTellsTheRest) {
     const auto before = game.All();
     const ToolRun run = RunTool({"view", game.Native(), "all", "-o", out.Native()});
     EXPECT_EQ(run.Status, 1);
@@ -45,9 +43,9 @@ TEST(ViewTool, AllWritesWhatCanBeReadAndTellsTheRest) {
     EXPECT_NE(run.Diagnostics.find("at the last byte of the view"), std::string::npos);
     EXPECT_TRUE(out.Exists("view.001.png") && !out.Exists("view.005.png") && out.Exists("view.009.png"));
     EXPECT_EQ(game.All(), before);
-    EXPECT_EQ(RunTool({"view", game.Native(), "5", "--json"}).Status, 1);
-    EXPECT_EQ(RunTool({"view", game.Native(), "7", "--json"}).Status, 1);
-    EXPECT_EQ(RunTool({"view", game.Native(), "1"}).Status, 2);
+    EXPECT_EQ(StatusOf({"view", game.Native(), "5", "--json"}), 1);
+    EXPECT_EQ(StatusOf({"view", game.Native(), "7", "--json"}), 1);
+    EXPECT_EQ(StatusOf({"view", game.Native(), "1"}), 2);
 
     const auto sheet = tool::DecodePng(out.Read("view.001.png"));
     ASSERT_EQ(sheet.Width, 2U * (2 + 4 + 2));
@@ -59,11 +57,8 @@ TEST(ViewTool, AllWritesWhatCanBeReadAndTellsTheRest) {
     EXPECT_EQ(alpha(11, 7), 255) << "loop 1 shows the second row flipped";
 }
 
-TEST(ViewTool, JsonTellsLoopsAsTheyShow) {
-    SKIP_WITHOUT_TOOL();
-    const TempDir game;
-    WriteGame(game);
-    const json view = ViewJson(game, "1");
+TEST_F(ViewTool, JsonTellsLoopsAsTheyShow) {
+    const json view = ViewJson("1");
     EXPECT_EQ(view["loops"][0], json::parse(R"({"mirrorOf": null, "cels": [{"width": 4, "height": 2,
         "transparentColor": 0, "rows": ["0110", "1000"]}]})"));
     EXPECT_EQ(view["loops"][1]["mirrorOf"], 0);
@@ -71,53 +66,41 @@ TEST(ViewTool, JsonTellsLoopsAsTheyShow) {
     EXPECT_EQ(view["description"], "k\xC2\xA2\xC2\xA0");
 }
 
-TEST(ViewTool, WhatIsWrittenComesBackAsTheSameView) {
-    SKIP_WITHOUT_TOOL();
-    const TempDir game;
-    const TempDir out;
-    WriteGame(game);
-    const json expected = ViewJson(game, "1");
+TEST_F(ViewTool, WhatIsWrittenComesBackAsTheSameView) {
+    const json expected = ViewJson("1");
     out.Write("sheet.json", expected.dump());
     for (const char* pixels : {"", "--native"}) {
-        std::vector<std::string> arguments{"view", game.Native(), "1", "--cels", out.Native() + "/cels"};
+        std::vector<std::string> arguments{"view", game.Native(), "1", "--cels", Out("cels")};
         if (*pixels != '\0') arguments.emplace_back(pixels);
         ASSERT_EQ(RunTool(arguments).Status, 0);
-        const ToolRun import = RunTool({"view-import", game.Native(), "1", out.Native() + "/cels"});
+        const ToolRun import = RunTool({"view-import", game.Native(), "1", Out("cels")});
         EXPECT_EQ(import.Diagnostics, "");
-        EXPECT_EQ(ViewJson(game, "1"), expected);
+        EXPECT_EQ(ViewJson("1"), expected);
     }
-    EXPECT_EQ(RunTool({"view-import", game.Native(), "200", out.Native() + "/sheet.json"}).Status, 0);
-    EXPECT_EQ(ViewJson(game, "200"), expected);
+    EXPECT_EQ(StatusOf({"view-import", game.Native(), "200", Out("sheet.json")}), 0);
+    EXPECT_EQ(ViewJson("200"), expected);
     EXPECT_NE(RunTool({"list", game.Native()}).Output.find(" View200 "), std::string::npos);
-    EXPECT_EQ(RunTool({"view-import", game.Native(), "5", out.Native() + "/cels"}).Status, 0);
-    EXPECT_EQ(ViewJson(game, "5"), expected) << "a damaged view can be replaced";
+    EXPECT_EQ(StatusOf({"view-import", game.Native(), "5", Out("cels")}), 0);
+    EXPECT_EQ(ViewJson("5"), expected) << "a damaged view can be replaced";
 }
 
-TEST(ViewTool, DrawnImagesTakeTheNearestColors) {
-    SKIP_WITHOUT_TOOL();
-    const TempDir game;
-    const TempDir cels;
-    WriteGame(game);
+TEST_F(ViewTool, DrawnImagesTakeTheNearestColors) {
     // Nearly white, nearly black, clear, nearly light red: as a paint program saves them, with a palette of
     // its own.
-    cels.Write("loop.000.cel.000.png", tool::EncodePng([] {
-                   tool::IndexedImage image(
-                       4, 1, {{250, 250, 250, 255}, {9, 0, 0, 255}, {1, 2, 3, 0}, {255, 90, 70, 255}});
-                   image.Pixels = {0, 1, 2, 3};
-                   return image;
-               }()));
-    EXPECT_EQ(RunTool({"view-import", game.Native(), "9", cels.Native(), "--native"}).Status, 0);
-    const json cel = ViewJson(game, "9")["loops"][0]["cels"][0];
+    out.Write("loop.000.cel.000.png", tool::EncodePng([] {
+                  tool::IndexedImage image(
+                      4, 1, {{250, 250, 250, 255}, {9, 0, 0, 255}, {1, 2, 3, 0}, {255, 90, 70, 255}});
+                  image.Pixels = {0, 1, 2, 3};
+                  return image;
+              }()));
+    EXPECT_EQ(StatusOf({"view-import", game.Native(), "9", out.Native(), "--native"}), 0);
+    const json cel = ViewJson("9")["loops"][0]["cels"][0];
     EXPECT_EQ(cel["rows"], json({"F01C"}))
         << "black is in use, so the next free colour is the transparent one";
     EXPECT_EQ(cel["transparentColor"], 1);
 }
 
-TEST(ViewTool, BadSourcesSayWhere) {
-    SKIP_WITHOUT_TOOL();
-    const TempDir game;
-    const TempDir out;
-    WriteGame(game);
+TEST_F(ViewTool, BadSourcesSayWhere) {
     const struct {
         const char* text;
         const char* said;
@@ -139,15 +122,10 @@ TEST(ViewTool, BadSourcesSayWhere) {
     }
 }
 
-TEST(ViewTool, EachLoopIsAnAnimation) {
-    SKIP_WITHOUT_TOOL();
-    const TempDir game;
-    const TempDir out;
-    WriteGame(game);
-    EXPECT_EQ(
-        RunTool({"view", game.Native(), "1", "-o", out.Native() + "/a.gif", "--gif", "--native"}).Status, 0);
+TEST_F(ViewTool, EachLoopIsAnAnimation) {
+    EXPECT_EQ(StatusOf({"view", game.Native(), "1", "-o", Out("a.gif"), "--gif", "--native"}), 0);
     EXPECT_TRUE(out.Exists("a.gif"));
-    const std::string path = out.Native() + "/a.loop1.gif";
+    const std::string path = Out("a.loop1.gif");
     int code = 0;
     GifFileType* gif = DGifOpenFileName(path.c_str(), &code);
     ASSERT_NE(gif, nullptr) << GifErrorString(code);

@@ -3,40 +3,31 @@
 
 #include "tests/support/GameBuilder.h"
 #include "tests/support/RunTool.h"
-#include "tests/support/TestFiles.h"
 #include "zorvex/vocab/ObjectFile.h"
 
-namespace zorvex {
+namespace zorvex::test {
 namespace {
 
 using nlohmann::json;
-using test::RunTool;
-using test::TempDir;
-using test::ToolRun;
 
-class WordsAndItems : public testing::Test {
+class WordsAndItems : public ToolTest {
   protected:
-    void SetUp() override {
-        SKIP_WITHOUT_TOOL();
-        test::GameBuilder().Add(rtLogic, 0, test::SmallestLogic()).WriteTo(game);
+    WordsAndItems() {
+        GameBuilder().Add(rtLogic, 0, SmallestLogic()).WriteTo(game);
         InventoryData items;
         items.Items = {{"?", 0}, {"Key", 5}, {"key", 6}, {"caf\xE9", 255}};
         items.Encrypted = true;
         items.AmigaOBJ = true;
         game.Write("OBJECT", EncodeObjectFile(items));
-        files.Write("words.agw", "2.1.1\r\n7\tlook\tlook at\r\n8\t\xE9t\xE9\r\n\xFF\xFF\r\nMine\r\n");
-        files.Write("items.ago", "2.1.1\r\n20\r\n0\t?\r\n3\tlamp\r\n\xFF\xFF\r\nMine\r\n");
+        out.Write("words.agw", "2.1.1\r\n7\tlook\tlook at\r\n8\t\xE9t\xE9\r\n\xFF\xFF\r\nMine\r\n");
+        out.Write("items.ago", "2.1.1\r\n20\r\n0\t?\r\n3\tlamp\r\n\xFF\xFF\r\nMine\r\n");
     }
 
-    std::string File(const std::string& name) const { return files.Native() + "/" + name; }
     static json Shown(const std::string& command, const std::string& source) {
         const ToolRun run = RunTool({command, source, "--json"});
         EXPECT_EQ(run.Status, 0) << run.Diagnostics;
         return run.Status == 0 ? json::parse(run.Output) : json();
     }
-
-    TempDir game;
-    TempDir files;
 };
 
 TEST_F(WordsAndItems, AreShownWithoutTouchingTheGame) {
@@ -45,20 +36,20 @@ TEST_F(WordsAndItems, AreShownWithoutTouchingTheGame) {
     EXPECT_EQ(items["items"][1], json::parse(R"({"name": "Key", "room": 5, "unique": false})"));
     EXPECT_EQ(items["items"][3]["name"], "caf\u00E9");
     EXPECT_TRUE(items["encrypted"] == true && items["amiga"] == true && items["maxScreenObjects"] == 16);
-    EXPECT_EQ(RunTool({"objects", game.Native(), "-o", File("OBJECT")}).Status, 0);
-    EXPECT_EQ(files.Read("OBJECT"), game.Read("OBJECT"));
+    EXPECT_EQ(StatusOf({"objects", game.Native(), "-o", Out("OBJECT")}), 0);
+    EXPECT_EQ(out.Read("OBJECT"), game.Read("OBJECT"));
     EXPECT_EQ(game.All(), before);
-    EXPECT_EQ(Shown("words", File("words.agw")), json::parse(R"({"words": [{"text": "look", "group": 7},
+    EXPECT_EQ(Shown("words", Out("words.agw")), json::parse(R"({"words": [{"text": "look", "group": 7},
         {"text": "look at", "group": 7}, {"text": "\u00E9t\u00E9", "group": 8}], "description": "Mine"})"));
-    EXPECT_EQ(RunTool({"words", File("words.agw")}).Output, "7\tlook\tlook at\n8\t\u00E9t\u00E9\n");
+    EXPECT_EQ(RunTool({"words", Out("words.agw")}).Output, "7\tlook\tlook at\n8\t\u00E9t\u00E9\n");
 }
 
 TEST_F(WordsAndItems, OfAFileBecomeThoseOfTheGame) {
-    files.Write("words.agw", "2.1.1\r\n7\tlook\tlook at\r\n\xFF\xFF\r\nMine\r\n");
-    EXPECT_EQ(RunTool({"words-import", game.Native(), File("words.agw")}).Status, 0);
-    EXPECT_EQ(Shown("words", game.Native()), Shown("words", File("words.agw")));
-    EXPECT_EQ(RunTool({"objects-import", game.Native(), File("items.ago")}).Status, 0);
-    json expected = Shown("objects", File("items.ago"));
+    out.Write("words.agw", "2.1.1\r\n7\tlook\tlook at\r\n\xFF\xFF\r\nMine\r\n");
+    EXPECT_EQ(StatusOf({"words-import", game.Native(), Out("words.agw")}), 0);
+    EXPECT_EQ(Shown("words", game.Native()), Shown("words", Out("words.agw")));
+    EXPECT_EQ(StatusOf({"objects-import", game.Native(), Out("items.ago")}), 0);
+    json expected = Shown("objects", Out("items.ago"));
     expected["encrypted"] = true;
     expected["amiga"] = true;
     EXPECT_EQ(Shown("objects", game.Native()), expected) << "the file's form stays";
@@ -66,33 +57,33 @@ TEST_F(WordsAndItems, OfAFileBecomeThoseOfTheGame) {
     // Files that cannot be read are replaced, and a list without a description leaves the game its own.
     game.Write("WORDS.TOK", "");
     game.Write("OBJECT", "bad");
-    EXPECT_EQ(RunTool({"words", game.Native()}).Status, 1);
-    EXPECT_EQ(RunTool({"objects", game.Native()}).Status, 1);
-    EXPECT_EQ(RunTool({"words", File("words.agw"), "-o", File("w.tok")}).Status, 0);
-    EXPECT_EQ(RunTool({"words-import", game.Native(), File("w.tok")}).Status, 0);
-    EXPECT_EQ(Shown("words", game.Native()), Shown("words", File("words.agw")));
-    EXPECT_EQ(RunTool({"objects-import", game.Native(), File("items.ago")}).Status, 0);
+    EXPECT_EQ(StatusOf({"words", game.Native()}), 1);
+    EXPECT_EQ(StatusOf({"objects", game.Native()}), 1);
+    EXPECT_EQ(StatusOf({"words", Out("words.agw"), "-o", Out("w.tok")}), 0);
+    EXPECT_EQ(StatusOf({"words-import", game.Native(), Out("w.tok")}), 0);
+    EXPECT_EQ(Shown("words", game.Native()), Shown("words", Out("words.agw")));
+    EXPECT_EQ(StatusOf({"objects-import", game.Native(), Out("items.ago")}), 0);
     EXPECT_EQ(Shown("objects", game.Native())["items"].size(), 2U);
 }
 
 TEST_F(WordsAndItems, OfABadFileLeaveTheGameAsItIs) {
     const auto before = game.All();
-    EXPECT_EQ(RunTool({"words-import", game.Native(), File("items.ago")}).Status, 2) << "items are no words";
-    EXPECT_EQ(RunTool({"objects-import", game.Native(), File("words.agw")}).Status, 2);
-    files.Write("bad", "nothing that it knows");
-    EXPECT_EQ(RunTool({"words-import", game.Native(), File("bad")}).Status, 1);
-    files.Write("twice.agw", "2.1.1\r\n0\ta\r\n1\ta\r\n");
-    files.Write("blanks.agw", "2.1.1\r\n0 a\r\n");
+    EXPECT_EQ(StatusOf({"words-import", game.Native(), Out("items.ago")}), 2) << "items are no words";
+    EXPECT_EQ(StatusOf({"objects-import", game.Native(), Out("words.agw")}), 2);
+    out.Write("bad", "nothing that it knows");
+    EXPECT_EQ(StatusOf({"words-import", game.Native(), Out("bad")}), 1);
+    out.Write("twice.agw", "2.1.1\r\n0\ta\r\n1\ta\r\n");
+    out.Write("blanks.agw", "2.1.1\r\n0 a\r\n");
     for (const auto& [name, message] : {std::pair("twice.agw:3", ": Can't add word; it already exists"),
                                         {"blanks.agw:2", ": there is no tab"}}) {
-        const ToolRun run = RunTool(
-            {"words-import", game.Native(), File(std::string(name, 0, std::string(name).size() - 2))});
+        const ToolRun run =
+            RunTool({"words-import", game.Native(), Out(std::string(name, 0, std::string(name).size() - 2))});
         EXPECT_EQ(run.Status, 1);
         EXPECT_NE(run.Diagnostics.find(std::string(name) + message), std::string::npos) << run.Diagnostics;
     }
-    EXPECT_EQ(RunTool({"words", game.Native(), "-o", File("words.txt")}).Status, 2);
+    EXPECT_EQ(StatusOf({"words", game.Native(), "-o", Out("words.txt")}), 2);
     EXPECT_EQ(game.All(), before);
-    const ToolRun run = RunTool({"words-import", game.Native(), File("words.agw")});
+    const ToolRun run = RunTool({"words-import", game.Native(), Out("words.agw")});
     EXPECT_EQ(run.Status, 1);
     EXPECT_NE(run.Diagnostics.find("error 672: WORDS.TOK compile error(6:Overflow): \"\u00E9t\u00E9\" has"),
               std::string::npos);
@@ -100,4 +91,4 @@ TEST_F(WordsAndItems, OfABadFileLeaveTheGameAsItIs) {
 }
 
 }  // namespace
-}  // namespace zorvex
+}  // namespace zorvex::test

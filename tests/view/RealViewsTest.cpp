@@ -36,25 +36,8 @@ nlohmann::json Summary(AGIView& view) {
             {"pixelsCrc32", PixelsCrc(view)}};
 }
 
-/// Calls a function with every view of every real game, placed but not loaded, and its expectation.
-template <class Step>
-void ForEachRealView(Step step) {
-    std::size_t count = 0;
-    for (const std::string& name : ExpectedGame::Names()) {
-        const ExpectedGame game(name);
-        for (const auto& expected : game.Resources("view")) {
-            SCOPED_TRACE(name + " view " + expected.at("number").dump());
-            AGIView view;
-            ExpectedGame::Place(view, expected);
-            step(view, expected);
-            ++count;
-        }
-    }
-    if (count == 0) GTEST_SKIP() << "the real games are not here; set ZORVEX_GAMES to where they are";
-}
-
 TEST(RealViews, ShowTheExpectedLoopsAndPixels) {
-    ForEachRealView([](AGIView& view, const nlohmann::json& expected) {
+    ForEachReal<AGIView>([](AGIView& view, const nlohmann::json& expected) {
         view.Load();
         const nlohmann::json summary = Summary(view);
         for (const auto& [key, value] : summary.items()) {
@@ -64,7 +47,7 @@ TEST(RealViews, ShowTheExpectedLoopsAndPixels) {
 }
 
 TEST(RealViews, ComeBackFromBytesOfOurOwn) {
-    ForEachRealView([](AGIView& view, const nlohmann::json& expected) {
+    ForEachReal<AGIView>([](AGIView& view, const nlohmann::json& expected) {
         view.Load();
         view.BuildViewData();
         const ByteArray first = view.AllData();
@@ -81,7 +64,7 @@ TEST(RealViews, ComeBackFromBytesOfOurOwn) {
 
 TEST(RealViews, EveryPrefixIsReadOrRefused) {
     std::size_t seen = 0;
-    ForEachRealView([&](AGIView& view, const nlohmann::json&) {
+    ForEachReal<AGIView>([&](AGIView& view, const nlohmann::json&) {
         if (++seen % 7 != 0) return;
         view.Resource().Load();
         const ByteArray bytes = view.AllData();

@@ -1,6 +1,6 @@
 #include "zorvex/view/ViewCodec.h"
 
-#include "tests/support/DocumentedBytes.h"
+#include "tests/support/CaseFile.h"
 #include "tests/support/ExpectError.h"
 #include "tests/view/ViewText.h"
 

@@ -1,6 +1,3 @@
-#include <gtest/gtest.h>
-
-#include <fstream>
 #include <nlohmann/json.hpp>
 
 #include "tests/vocab/VocabSupport.h"
@@ -14,11 +11,11 @@ namespace zorvex::test {
 namespace {
 
 TEST(RealGamesVocabulary, WordsAndItemsAreThoseExpected) {
-    if (RealGames().empty()) GTEST_SKIP() << "no real games are here; set ZORVEX_GAMES to where they are";
+    SKIP_WITHOUT_GAMES();
     for (const std::string& game : RealGames()) {
         SCOPED_TRACE(game);
-        const std::string directory = *RealGame(game);
-        const auto expected = nlohmann::json::parse(std::ifstream(directory + "/expected.json"));
+        const std::string directory = RealGame(game);
+        const auto expected = nlohmann::json::parse(TextOfFile(directory + "/expected.json"));
 
         AGIWordList words;
         words.Load(directory + "/WORDS.TOK");

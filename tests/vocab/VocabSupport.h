@@ -4,7 +4,6 @@
 #include <string>
 
 #include "tests/support/CaseFile.h"
-#include "tests/support/DocumentedBytes.h"
 #include "tests/support/TestFiles.h"
 #include "zorvex/game/LibraryState.h"
 #include "zorvex/game/PropertyFile.h"

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "tests/support/ExpectError.h"
 #include "tests/vocab/VocabSupport.h"
 #include "zorvex/game/Text.h"
