@@ -1,4 +1,7 @@
 // What all commands of the tool have in common, and the commands that show and edit a game as a whole.
+#include <sys/stat.h>
+
+#include <filesystem>
 #include <nlohmann/json.hpp>
 #include <sstream>
 
@@ -83,6 +86,24 @@ TEST_F(ToolTest, LooksWithoutTouching) {
         EXPECT_EQ(StatusOf({"verify", dir.Native()}), 1);
         EXPECT_EQ(dir.All(), before);
     }
+}
+
+TEST_F(ToolTest, CopiesGamesMadeOfLinksAndIntoThemselves) {
+    const TempDir files;
+    SmallGame().WriteTo(files);
+    const auto before = files.All();
+    for (const auto& [name, bytes] : before)
+        std::filesystem::create_symlink(files.Native() + "/" + name, game.Native() + "/" + name);
+    std::filesystem::create_directory_symlink(game.Native(), game.Native() + "/loop");
+    ASSERT_EQ(mkfifo((game.Native() + "/pipe").c_str(), 0600), 0);
+    const auto sums = SumsOf(ListOf(files.Native()));
+    EXPECT_EQ(SumsOf(ListOf(game.Native())), sums);
+    const std::string inside = game.Native() + "/v3";
+    const ToolRun converted = RunTool({"convert", game.Native(), "--to", "3.002149", "-o", inside});
+    EXPECT_EQ(converted.Status, 0) << converted.Diagnostics;
+    EXPECT_EQ(SumsOf(ListOf(inside)), sums);
+    EXPECT_FALSE(game.Exists("v3/v3"));
+    EXPECT_EQ(files.All(), before);
 }
 
 TEST_F(ToolTest, TakesAnEmptyDirectoryFileAsOneEmptyEntry) {

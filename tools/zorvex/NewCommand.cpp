@@ -58,6 +58,7 @@ int Run(const NewOptions& options) {
     }
     const std::string id = game.GameID();
     game.CloseGame();
+    if (!EqualNoCase(id, options.ID)) SayWarning("the ID is cut to " + id);
     std::printf("%s\n", (std::filesystem::path(options.Directory) / (id + ".zvg")).string().c_str());
     return exitDone;
 }

@@ -8,6 +8,7 @@
 #include "tools/zorvex/Command.h"
 #include "tools/zorvex/Console.h"
 #include "tools/zorvex/DirectoryFiles.h"
+#include "tools/zorvex/GameCopy.h"
 #include "zorvex/game/Text.h"
 
 namespace zorvex::tool {
@@ -95,12 +96,7 @@ void OpenedGame::Locate(const std::string& path) {
 
 void OpenedGame::CopyToScratch() {
     scratch_ = std::make_unique<ScratchDirectory>();
-    fs::copy(directory_, scratch_->Path(), fs::copy_options::recursive | fs::copy_options::skip_symlinks);
-    // Files that may only be read stay so in the copy, unless told otherwise.
-    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(scratch_->Path())) {
-        std::error_code ignored;
-        fs::permissions(entry.path(), fs::perms::owner_all, fs::perm_options::add, ignored);
-    }
+    CopyDirectoryTree(directory_, scratch_->Path());
     ShowScratchAs(scratch_->Path().string(), directory_.string());
     if (!propertyFile_.empty()) propertyFile_ = scratch_->Path() / propertyFile_.filename();
     directory_ = scratch_->Path();

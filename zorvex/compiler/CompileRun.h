@@ -145,10 +145,10 @@ class CompileRun {
     NameMap<std::int32_t> labelIndex_;
 };
 
-/// Runs a step of the compiler; a fault that is none of the source ends the compile with the text that names
-/// the step.
-template <class Step>
-decltype(auto) Reporting(const CompileRun& run, std::string_view procedure, Step&& step) {
+/// Runs a step of the compiler. What the compiler throws itself passes; any other fault goes to `other`,
+/// which must not return.
+template <class Step, class Other>
+decltype(auto) RunStep(Step&& step, Other&& other) {
     try {
         return std::forward<Step>(step)();
     } catch (const CompileFailure&) {
@@ -156,8 +156,17 @@ decltype(auto) Reporting(const CompileRun& run, std::string_view procedure, Step
     } catch (const HandlerFault&) {
         throw;
     } catch (...) {
-        run.Fail(4115, {std::to_string(CurrentError().Number()), procedure});
+        std::forward<Other>(other)(CurrentError());
+        throw;
     }
+}
+
+/// Runs a step; a fault that is none of the source ends the compile with the text that names the step.
+template <class Step>
+decltype(auto) Reporting(const CompileRun& run, std::string_view procedure, Step&& step) {
+    return RunStep(std::forward<Step>(step), [&](const Error& error) {
+        run.Fail(4115, {std::to_string(error.Number()), procedure});
+    });
 }
 
 /// True for an error that the library numbers itself.
@@ -166,17 +175,10 @@ bool IsLibraryError(const Error& error);
 /// Runs a step; a library error passes, any other fault is raised as the library error `id`.
 template <class Step>
 decltype(auto) WrappedRuntime(std::int32_t id, Step&& step) {
-    try {
-        return std::forward<Step>(step)();
-    } catch (const CompileFailure&) {
-        throw;
-    } catch (const HandlerFault&) {
-        throw;
-    } catch (...) {
-        const Error error = CurrentError();
+    return RunStep(std::forward<Step>(step), [id](const Error& error) {
         if (IsLibraryError(error)) throw error;
         RaiseWrapped(id, error);
-    }
+    });
 }
 
 }  // namespace zorvex

@@ -3,11 +3,11 @@
 
 #include <array>
 #include <cstdint>
-#include <iterator>
 #include <memory>
 #include <string_view>
 #include <vector>
 
+#include "zorvex/game/MappedIterator.h"
 #include "zorvex/game/Types.h"
 #include "zorvex/storage/GameResource.h"
 
@@ -73,13 +73,19 @@ class ResourceCollectionBase {
     std::array<std::shared_ptr<GameResource>, 256> byNumber_;
 };
 
+/// A member as the class that its collection is for.
+template <class Resource>
+std::shared_ptr<Resource> TypedMember(const std::shared_ptr<GameResource>& member) {
+    return std::static_pointer_cast<Resource>(member);
+}
+
 /// A collection of one resource class.
 template <class Resource>
 class ResourceCollection : public ResourceCollectionBase {
   public:
     /// The member of a resource number (not a position). Raises 617, "Invalid resource number".
     std::shared_ptr<Resource> Item(std::uint8_t number) const {
-        return std::static_pointer_cast<Resource>(Require(number));
+        return TypedMember<Resource>(Require(number));
     }
 
     /// Adds a new resource, or with `source` a copy of it, and saves it into a volume and the property list.
@@ -87,31 +93,12 @@ class ResourceCollection : public ResourceCollectionBase {
     /// Raises 602 for a number in use, and the family's own number for any failure; what failed while saving
     /// stays in the collection.
     std::shared_ptr<Resource> Add(std::uint8_t number, Resource* source = nullptr) {
-        return std::static_pointer_cast<Resource>(AddMember(number, source));
+        return TypedMember<Resource>(AddMember(number, source));
     }
 
     /// Walks the members in order of insertion.
-    class Iterator {
-      public:
-        using Inner = std::vector<std::shared_ptr<GameResource>>::const_iterator;
-        using iterator_category = std::input_iterator_tag;
-        using value_type = std::shared_ptr<Resource>;
-        using difference_type = std::ptrdiff_t;
-        using pointer = void;
-        using reference = value_type;
-
-        explicit Iterator(Inner inner) : inner_(inner) {}
-        value_type operator*() const { return std::static_pointer_cast<Resource>(*inner_); }
-        Iterator& operator++() {
-            ++inner_;
-            return *this;
-        }
-        Iterator operator++(int) { return Iterator(inner_++); }
-        bool operator==(const Iterator&) const = default;
-
-      private:
-        Inner inner_;
-    };
+    using Iterator =
+        MappedIterator<std::vector<std::shared_ptr<GameResource>>::const_iterator, TypedMember<Resource>>;
     Iterator begin() const { return Iterator(Members().begin()); }
     Iterator end() const { return Iterator(Members().end()); }
 

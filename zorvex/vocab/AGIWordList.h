@@ -2,19 +2,24 @@
 #pragma once
 
 #include <cstdint>
-#include <iterator>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "zorvex/game/MappedIterator.h"
 #include "zorvex/game/Types.h"
 #include "zorvex/vocab/AGIWordGroup.h"
 #include "zorvex/vocab/GameList.h"
 #include "zorvex/vocab/WordTable.h"
 
 namespace zorvex {
+
+/// What the iterator of a word list shows.
+inline const AGIWord& ShownWord(const AGIWord* word) {
+    return *word;
+}
 
 /// A list of words in sort order and of word groups in order of their numbers, each word in exactly one
 /// group. The list of the open game is kept in the file WORDS.TOK, the text form in files ".agw". Load gives
@@ -57,29 +62,7 @@ class AGIWordList : public GameList {
     void RemoveWord(std::string_view text);
 
     /// Walks the words in sort order, until the list changes.
-    class Iterator {
-      public:
-        using Inner = std::vector<const AGIWord*>::const_iterator;
-        using iterator_category = std::forward_iterator_tag;
-        using value_type = AGIWord;
-        using difference_type = std::ptrdiff_t;
-        using pointer = const AGIWord*;
-        using reference = const AGIWord&;
-
-        Iterator() = default;
-        explicit Iterator(Inner inner) : inner_(inner) {}
-        reference operator*() const { return **inner_; }
-        pointer operator->() const { return *inner_; }
-        Iterator& operator++() {
-            ++inner_;
-            return *this;
-        }
-        Iterator operator++(int) { return Iterator(inner_++); }
-        bool operator==(const Iterator&) const = default;
-
-      private:
-        Inner inner_;
-    };
+    using Iterator = MappedIterator<std::vector<const AGIWord*>::const_iterator, ShownWord>;
     Iterator begin() const;
     Iterator end() const;
 
