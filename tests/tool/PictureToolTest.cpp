@@ -90,6 +90,7 @@ TEST_F(PictureTool, TellsOfOnePicture) {
     EXPECT_EQ(StatusOf({"picture", game.Native(), "7", "--json"}), 1);
     EXPECT_EQ(StatusOf({"picture", game.Native(), "5", "--both", "--priority"}), 2);
     EXPECT_EQ(StatusOf({"picture", game.Native(), "all", "-o", Out("a.png")}), 2);
+    EXPECT_EQ(StatusOf({"picture", game.Native(), "all", "-o", Out("v1.2")}), 0);
 }
 
 }  // namespace

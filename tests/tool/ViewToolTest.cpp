@@ -46,6 +46,7 @@ TEST_F(ViewTool, AllWritesWhatCanBeReadAndTellsTheRest) {
     EXPECT_EQ(StatusOf({"view", game.Native(), "5", "--json"}), 1);
     EXPECT_EQ(StatusOf({"view", game.Native(), "7", "--json"}), 1);
     EXPECT_EQ(StatusOf({"view", game.Native(), "1"}), 2);
+    EXPECT_EQ(StatusOf({"view", game.Native(), "-o", Out("ego.png")}), 2);
 
     const auto sheet = tool::DecodePng(out.Read("view.001.png"));
     ASSERT_EQ(sheet.Width, 2U * (2 + 4 + 2));

@@ -153,10 +153,8 @@ void WriteOne(AGIPicture& picture, const PictureOptions& options, const std::str
 
 /// Every picture of the game; those that fail are told, and the others written all the same.
 int WriteAll(OpenedGame& game, const PictureOptions& options) {
-    if (fs::path(options.Output).has_extension() && !fs::is_directory(options.Output)) {
-        throw UsageError("all pictures go into a directory, and " + options.Output + " looks like a file");
-    }
-    if (!options.Output.empty()) MakeOutputDirectory(options.Output);
+    const char* extension = options.Raw ? ".visual" : options.Json ? ".json" : ".png";
+    if (!options.Output.empty()) MakeDirectoryOfAll(options.Output, extension);
     int status = game.HasSkipped(rtPicture) ? exitFailed : exitDone;
     AGIPictures& pictures = game.Game().Pictures();
     Json list = Json::array();

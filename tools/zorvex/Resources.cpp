@@ -80,4 +80,11 @@ void MakeOutputDirectory(const fs::path& path) {
     }
 }
 
+void MakeDirectoryOfAll(const fs::path& path, std::string_view extension) {
+    if (EqualNoCase(path.extension().string(), extension) && !fs::is_directory(path)) {
+        throw UsageError("all of them go into a directory, and " + path.string() + " looks like a file");
+    }
+    MakeOutputDirectory(path);
+}
+
 }  // namespace zorvex::tool

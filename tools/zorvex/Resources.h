@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "tools/zorvex/OpenedGame.h"
@@ -39,5 +40,8 @@ ByteArray ReadBytes(const std::string& path);
 void WriteBytes(const std::filesystem::path& path, ByteView bytes);
 /// Makes a directory for output, with those above it. Raises Error.
 void MakeOutputDirectory(const std::filesystem::path& path);
+/// The same for the files of all resources, with that extension. Raises UsageError for a path that looks like
+/// one of these files.
+void MakeDirectoryOfAll(const std::filesystem::path& path, std::string_view extension);
 
 }  // namespace zorvex::tool

@@ -144,7 +144,7 @@ void WriteOneOfAll(AGIView& view, const ViewOptions& options, Json& list) {
 
 /// Every view of the game; those that fail are told, and the others written all the same.
 int WriteAll(OpenedGame& game, const ViewOptions& options) {
-    if (!options.Output.empty()) MakeOutputDirectory(options.Output);
+    if (!options.Output.empty()) MakeDirectoryOfAll(options.Output, Extension(options));
     int status = game.HasSkipped(rtView) ? exitFailed : exitDone;
     AGIViews& views = game.Game().Views();
     Json list = Json::array();
