@@ -108,6 +108,8 @@ class SampleGame {
         for (const NamedResource& named : logics) {
             if (named.number != 0) game_.Logics().Add(named.number);
             const auto logic = game_.Logics().Item(named.number);
+            // A new name leaves the source file of the former one behind.
+            fs::remove(zorvex::NativePath(logic->SourceFile()));
             logic->ID(named.id);
             if (named.number != 0) logic->IsRoom(true);
             fs::copy_file(sources_ / "logics" / (std::string(named.id) + ".lgc"),
