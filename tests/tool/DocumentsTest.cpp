@@ -23,5 +23,29 @@ TEST(Documents, NameFilesThatExist) {
     ExpectPaths("CONTRIBUTING.md", linked);
 }
 
+/// The library's headers that a file includes.
+std::vector<std::string> LibraryHeadersOf(const std::filesystem::path& file) {
+    static const std::regex form("#include \"(zorvex/[^\"]+)\"");
+    const std::string text = TextOfFile(file);
+    std::vector<std::string> headers;
+    for (std::sregex_iterator it(text.begin(), text.end(), form), end; it != end; ++it)
+        headers.push_back((*it)[1]);
+    return headers;
+}
+
+TEST(Documents, ToolAndExamplesUseOnlyWhatHostsMayUse) {
+    const std::filesystem::path root = SourceDirectory();
+    std::vector<std::string> open = LibraryHeadersOf(root / "zorvex/Zorvex.h");
+    open.emplace_back("zorvex/Zorvex.h");
+    for (const char* folder : {"tools/zorvex", "examples"}) {
+        for (const auto& file : std::filesystem::directory_iterator(root / folder)) {
+            if (!file.is_regular_file()) continue;
+            for (const std::string& header : LibraryHeadersOf(file))
+                EXPECT_NE(std::find(open.begin(), open.end(), header), open.end())
+                    << file << " uses " << header;
+        }
+    }
+}
+
 }  // namespace
 }  // namespace zorvex::test

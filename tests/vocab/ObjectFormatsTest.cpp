@@ -1,5 +1,6 @@
 #include "tests/support/ExpectError.h"
 #include "tests/vocab/VocabSupport.h"
+#include "zorvex/game/ScrambleKey.h"
 #include "zorvex/vocab/ObjectFile.h"
 #include "zorvex/vocab/ObjectText.h"
 

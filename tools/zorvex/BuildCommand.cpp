@@ -14,9 +14,8 @@
 #include "tools/zorvex/OpenedGame.h"
 #include "tools/zorvex/Resources.h"
 #include "zorvex/game/Helpers.h"
-#include "zorvex/game/LibraryState.h"
 #include "zorvex/game/Text.h"
-#include "zorvex/storage/VolManager.h"
+#include "zorvex/storage/GameFileNames.h"
 
 namespace zorvex::tool {
 
@@ -149,7 +148,7 @@ class BuildReport {
 
 /// What a build into another directory does not write there by itself.
 void CopyCompanions(const OpenedGame& opened, const fs::path& target, bool rebuildOnly) {
-    std::vector<std::string> names{JustFileName(Library().GameFile)};
+    std::vector<std::string> names{JustFileName(opened.Game().GameFile())};
     if (rebuildOnly) names.insert(names.end(), {"WORDS.TOK", "OBJECT"});
     const std::string from = InnerPath(opened.Directory().string()) + "\\";
     const std::string to = InnerPath(target.string()) + "\\";
@@ -159,12 +158,12 @@ void CopyCompanions(const OpenedGame& opened, const fs::path& target, bool rebui
 }
 
 /// Volumes and bytes of the game in a directory.
-Json VolumesIn(const fs::path& directory) {
+Json VolumesIn(const fs::path& directory, const OpenedGame& opened) {
     std::uint64_t bytes = 0;
     int volumes = 0;
-    for (std::int32_t n = 0; n <= HighestVolume(Library().IsV3); ++n) {
+    for (std::int32_t n = 0; n <= HighestVolume(opened.IsV3()); ++n) {
         const std::string path =
-            InnerPath(directory.string()) + "\\" + VolumeName(n, Library().IsV3, Library().GameID);
+            InnerPath(directory.string()) + "\\" + VolumeName(n, opened.IsV3(), opened.Game().GameID());
         if (Files().Kind(path) != FileKind::File) continue;
         ++volumes;
         bytes += Files().Size(path);
@@ -180,9 +179,9 @@ void RemoveBegunVolumes(const fs::path& directory) {
     }
 }
 
-Json Summary(const BuildReport& report, const fs::path& directory, double seconds) {
+Json Summary(const BuildReport& report, Json volumes, double seconds) {
     Json summary{{"resources", report.Added()}, {"failed", report.Failed()}, {"canceled", report.Canceled()}};
-    summary.update(VolumesIn(directory));
+    summary.update(volumes);
     summary["seconds"] = seconds;
     summary["problems"] = report.Problems();
     summary["diagnostics"] = Json::array();
@@ -222,7 +221,7 @@ int Run(const BuildOptions& options) {
     if (elsewhere && !report.Canceled()) CopyCompanions(opened, target, options.RebuildOnly);
 
     report.Say();
-    const Json summary = Summary(report, target, seconds.count());
+    const Json summary = Summary(report, VolumesIn(target, opened), seconds.count());
     if (options.Json) PrintJson(summary);
     if (report.Canceled()) {
         RemoveBegunVolumes(target);

@@ -6,8 +6,7 @@
 #include "tools/zorvex/GameCopy.h"
 #include "tools/zorvex/OpenedGame.h"
 #include "tools/zorvex/Resources.h"
-#include "zorvex/game/LibraryState.h"
-#include "zorvex/storage/VolManager.h"
+#include "zorvex/storage/GameFileNames.h"
 
 namespace zorvex::tool {
 
@@ -28,8 +27,8 @@ void Declare(Declaration& command, ConvertOptions& options) {
 }
 
 /// Deletes the directory and volume files of a layout from a directory made by this command.
-void RemoveLayout(bool isV3, const std::string& gameID) {
-    const std::string directory = Library().GameDir;
+void RemoveLayout(const AGIGame& game, bool isV3, const std::string& gameID) {
+    const std::string directory = game.GameDir();
     std::vector<std::string> names;
     for (const AGIResType type : listedTypes)
         names.push_back(DirectoryFileName(type, isV3, gameID));
@@ -43,12 +42,12 @@ void RemoveLayout(bool isV3, const std::string& gameID) {
 int Run(const ConvertOptions& options) {
     const std::string path = options.Output.empty() ? options.Game : CopyGame(options.Game, options.Output);
     OpenedGame opened(path, Access::Change);
-    const bool wasV3 = Library().IsV3;
+    const bool wasV3 = opened.IsV3();
     const std::string formerID = opened.Game().GameID();
     opened.Game().InterpreterVersion(options.Version);
-    if (Library().IsV3 != wasV3) {
+    if (opened.IsV3() != wasV3) {
         if (!options.Output.empty()) {
-            RemoveLayout(wasV3, formerID);
+            RemoveLayout(opened.Game(), wasV3, formerID);
         } else {
             SayNote("the files of the former layout stay beside the new ones");
         }

@@ -8,7 +8,6 @@
 #include "zorvex/compiler/LogCompile.h"
 #include "zorvex/game/Helpers.h"
 #include "zorvex/game/Text.h"
-#include "zorvex/logic/StringList.h"
 
 namespace fs = std::filesystem;
 
@@ -26,10 +25,13 @@ std::string ReadLine(const std::string& path, int line) {
     if (path.empty() || line < 1) return {};
     try {
         const ByteArray bytes = Files().Read(path);
-        StringList lines;
-        lines.Assign(std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size()));
-        return line <= lines.Count() ? ConvertToCodePage(lines.Lines()[static_cast<std::size_t>(line - 1)])
-                                     : "";
+        const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+        std::string found;
+        int number = 0;
+        ForEachLine(text, [&](std::string_view each) {
+            if (++number == line) found = ConvertToCodePage(each);
+        });
+        return found;
     } catch (const Error&) {  // the message stands without its line
         return {};
     }

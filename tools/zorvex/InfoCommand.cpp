@@ -7,9 +7,8 @@
 #include "tools/zorvex/OpenedGame.h"
 #include "tools/zorvex/Resources.h"
 #include "zorvex/game/AGIGame.h"
-#include "zorvex/game/LibraryState.h"
 #include "zorvex/platform/FileSystem.h"
-#include "zorvex/storage/VolManager.h"
+#include "zorvex/storage/GameFileNames.h"
 
 namespace zorvex::tool {
 
@@ -31,14 +30,14 @@ struct Span {
 };
 
 /// The bytes of a volume that resources take; places that several of them share count once.
-std::int64_t UsedBytes(std::int32_t volume, std::int64_t length) {
+std::int64_t UsedBytes(std::int32_t volume, std::int64_t length, bool isV3) {
     std::vector<Span> spans;
     for (const AGIResType type : listedTypes) {
         for (const auto& member : CollectionOf(type)->Members()) {
             if (member->Volume() != volume) continue;
             try {
                 const std::int64_t start = member->Loc();
-                const std::int64_t end = start + member->SizeInVol() + HeaderLength(Library().IsV3);
+                const std::int64_t end = start + member->SizeInVol() + HeaderLength(isV3);
                 spans.push_back({start, std::min(end, length)});
             } catch (const Error&) {  // what has no header takes no place
             }
@@ -55,13 +54,14 @@ std::int64_t UsedBytes(std::int32_t volume, std::int64_t length) {
     return used;
 }
 
-Json Volumes() {
+Json Volumes(const OpenedGame& opened) {
     Json volumes = Json::array();
-    for (std::int32_t volume = 0; volume <= HighestVolume(Library().IsV3); ++volume) {
-        const std::string path = VolumePath(volume);
+    for (std::int32_t volume = 0; volume <= HighestVolume(opened.IsV3()); ++volume) {
+        const std::string path =
+            opened.Game().GameDir() + VolumeName(volume, opened.IsV3(), opened.Game().GameID());
         if (Files().Kind(path) != FileKind::File) continue;
         const auto length = static_cast<std::int64_t>(Files().Size(path));
-        const std::int64_t used = UsedBytes(volume, length);
+        const std::int64_t used = UsedBytes(volume, length, opened.IsV3());
         volumes.push_back({{"volume", volume}, {"size", length}, {"used", used}, {"free", length - used}});
     }
     return volumes;
@@ -71,12 +71,12 @@ Json InfoOf(OpenedGame& opened) {
     AGIGame& game = opened.Game();
     Json info{{"id", game.GameID()},
               {"interpreterVersion", game.InterpreterVersion()},
-              {"generation", Library().IsV3 ? "V3" : "V2"}};
+              {"generation", opened.IsV3() ? "V3" : "V2"}};
     Json counts;
     for (const AGIResType type : listedTypes)
         counts[TypeName(type)] = CollectionOf(type)->Count();
     info["resources"] = counts;
-    info["volumes"] = Volumes();
+    info["volumes"] = Volumes(opened);
     info["properties"] = {{"description", game.GameDescription()},
                           {"author", game.GameAuthor()},
                           {"about", game.GameAbout()},

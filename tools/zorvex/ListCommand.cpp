@@ -6,7 +6,6 @@
 #include "tools/zorvex/Json.h"
 #include "tools/zorvex/OpenedGame.h"
 #include "tools/zorvex/Resources.h"
-#include "zorvex/game/Faults.h"
 #include "zorvex/game/Helpers.h"
 
 namespace zorvex::tool {

@@ -49,6 +49,8 @@ class OpenedGame {
     OpenedGame& operator=(const OpenedGame&) = delete;
 
     AGIGame& Game() { return *game_; }
+    const AGIGame& Game() const { return *game_; }
+    bool IsV3() const { return game_->InterpreterVersion().starts_with('3'); }
     /// The directory the library works in: the scratch copy or the game's own.
     const std::filesystem::path& Directory() const { return directory_; }
     /// The lines that the load wrote to the log, without their dates.

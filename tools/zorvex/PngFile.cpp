@@ -9,7 +9,7 @@
 #include <string>
 
 #include "zorvex/game/Error.h"
-#include "zorvex/game/LibraryState.h"
+#include "zorvex/game/Palette.h"
 
 namespace zorvex::tool {
 
@@ -227,11 +227,8 @@ ReadImage DecodePng(ByteView bytes) {
 
 std::vector<PngColor> GamePalette() {
     std::vector<PngColor> palette;
-    for (const std::int32_t color : Library().EGAColor) {
-        const auto bits = static_cast<std::uint32_t>(color);
-        palette.push_back({static_cast<std::uint8_t>(bits), static_cast<std::uint8_t>(bits >> 8),
-                           static_cast<std::uint8_t>(bits >> 16)});
-    }
+    for (const BitmapColor& color : PresentPalette())
+        palette.push_back({color.Red, color.Green, color.Blue});
     return palette;
 }
 

@@ -5,7 +5,6 @@
 #include "tools/zorvex/OpenedGame.h"
 #include "tools/zorvex/Resources.h"
 #include "zorvex/game/AGIGame.h"
-#include "zorvex/game/GameProperties.h"
 
 namespace zorvex::tool {
 
@@ -38,7 +37,7 @@ int Run(const PutOptions& options) {
     // The old bytes are not read: a resource that is damaged can be replaced as well.
     resource.SetAllData(bytes);
     resource.Save();
-    WriteGameProperty(member->Section(), "Size", std::to_string(bytes.size()), member->Group());
+    member->WriteSize();
     resource.Unload();
     game.Game().SaveProperties();
     return exitDone;

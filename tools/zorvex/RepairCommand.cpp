@@ -10,10 +10,7 @@
 #include "tools/zorvex/Json.h"
 #include "tools/zorvex/OpenedGame.h"
 #include "tools/zorvex/Resources.h"
-#include "zorvex/game/Faults.h"
-#include "zorvex/game/GameProperties.h"
-#include "zorvex/game/LibraryState.h"
-#include "zorvex/storage/VolManager.h"
+#include "zorvex/storage/GameFileNames.h"
 
 namespace zorvex::tool {
 
@@ -33,7 +30,7 @@ void Declare(Declaration& command, RepairOptions& options) {
 
 class Repair {
   public:
-    explicit Repair(OpenedGame& opened) {
+    explicit Repair(OpenedGame& opened) : opened_(opened), directory_(opened.Game().GameDir()) {
         for (const std::string& file : opened.MendedDirectories())
             Tell(file + ": had no bytes and was given one empty entry");
         // What the load itself has mended: entries of resources that cannot be read.
@@ -49,7 +46,7 @@ class Repair {
             for (const auto& member : ByNumber(type))
                 MendResource(*member);
         }
-        SaveGame();
+        opened_.Game().SaveProperties();
     }
 
     const std::vector<std::string>& Steps() const { return steps_; }
@@ -60,8 +57,12 @@ class Repair {
     /// Keeps a file of the game as .OLD before its first change.
     void KeepOld(const std::string& name) {
         if (!kept_.insert(name).second) return;
-        const std::string path = Library().GameDir + name;
+        const std::string path = directory_ + name;
         if (Files().Kind(path) == FileKind::File) Files().Copy(path, path + ".OLD");
+    }
+
+    void KeepOldDirectory(AGIResType type) {
+        KeepOld(DirectoryFileName(type, opened_.IsV3(), opened_.Game().GameID()));
     }
 
     static std::string NameOf(const GameResource& resource) {
@@ -70,7 +71,7 @@ class Repair {
 
     /// The zero byte at the end is missing when the file reads well with it and ends in something else.
     void MendWords() {
-        const std::string path = Library().GameDir + "WORDS.TOK";
+        const std::string path = directory_ + "WORDS.TOK";
         if (Files().Kind(path) != FileKind::File) return;
         ByteArray bytes = Files().Read(path);
         if (bytes.empty() || !LacksFinalZero(bytes)) return;
@@ -96,18 +97,23 @@ class Repair {
     }
 
     void MendResource(GameResource& resource) {
-        if (const auto error = Attempt([&] { resource.Resource().Load(); })) {
-            KeepOld(DirectoryFileName(resource.ResType(), Library().IsV3, Library().GameID));
-            const std::string name = NameOf(resource);
-            CollectionOf(resource.ResType())->Remove(resource.Number());
-            Tell(name + ": its directory entry was blanked, since the resource cannot be read (" +
-                 ShownText(error->Description()) + ")");
-            return;
+        try {
+            resource.Resource().Load();
+        } catch (const Error& error) {
+            return BlankEntry(resource, error);
         }
         ByteArray bytes = resource.Resource().AllData();
         resource.Resource().Unload();
         if (resource.ResType() == rtPicture) MendPicture(resource, bytes);
         if (resource.ResType() == rtView) MendView(resource, bytes);
+    }
+
+    void BlankEntry(GameResource& resource, const Error& error) {
+        KeepOldDirectory(resource.ResType());
+        const std::string name = NameOf(resource);
+        CollectionOf(resource.ResType())->Remove(resource.Number());
+        Tell(name + ": its directory entry was blanked, since the resource cannot be read (" +
+             ShownText(error.Description()) + ")");
     }
 
     void MendPicture(GameResource& picture, ByteArray& bytes) {
@@ -132,20 +138,20 @@ class Repair {
     }
 
     void Store(GameResource& resource, const ByteArray& bytes) {
-        KeepOld(DirectoryFileName(resource.ResType(), Library().IsV3, Library().GameID));
-        for (std::int32_t n = 0; n <= HighestVolume(Library().IsV3); ++n) {
-            KeepOld(VolumeName(n, Library().IsV3, Library().GameID));
+        KeepOldDirectory(resource.ResType());
+        for (std::int32_t n = 0; n <= HighestVolume(opened_.IsV3()); ++n) {
+            KeepOld(VolumeName(n, opened_.IsV3(), opened_.Game().GameID()));
         }
         AGIResource& buffer = resource.Resource();
         buffer.SetAllData(bytes);
         buffer.Save();
-        WriteGameProperty(resource.Section(), "Size", std::to_string(bytes.size()), resource.Group());
+        resource.WriteSize();
         buffer.Unload();
         resource.DataDirty(false);
     }
 
-    static void SaveGame() { SaveGameProperties(); }
-
+    OpenedGame& opened_;
+    const std::string directory_;
     std::vector<std::string> steps_;
     std::set<std::string> kept_;
 };
@@ -160,7 +166,7 @@ int Run(const RepairOptions& options) {
     } else {
         for (const std::string& step : repair.Steps())
             std::printf("%s\n", step.c_str());
-        std::printf("%zu repairs\n", repair.Steps().size());
+        std::printf("%s\n", Counted(repair.Steps().size(), "repair").c_str());
     }
     return exitDone;
 }

@@ -10,9 +10,7 @@
 #include "tools/zorvex/OpenedGame.h"
 #include "tools/zorvex/Resources.h"
 #include "zorvex/compiler/LogCompile.h"
-#include "zorvex/game/LibraryState.h"
 #include "zorvex/logic/LogDecode.h"
-#include "zorvex/logic/StringList.h"
 
 namespace zorvex::tool {
 
@@ -105,7 +103,7 @@ class Verification {
 
     /// The bytes must decompile; the source, or what was decompiled, must compile.
     void CheckLogic(AGILogic& logic) {
-        DecodeLogic(logic.Resource().View());
+        DecodeLogic(logic.Resource().View(), PresentDecodeSettings(), PresentDecodeNames());
         const NamesSwitch names(game_, HasNoSource(logic));
         logic.Load();
         const std::size_t before = diagnostics_.All().size();

@@ -148,10 +148,6 @@ inline constexpr std::array<std::string_view, 16> KnownVersions{
 inline constexpr std::string_view DefaultV2Version = "2.917";
 inline constexpr std::string_view DefaultV3Version = "3.002149";
 
-/// The key with which logic messages and OBJECT files are scrambled.
-inline constexpr std::array<std::uint8_t, 11> ScrambleKey{0x41, 0x76, 0x69, 0x73, 0x20, 0x44,
-                                                          0x75, 0x72, 0x67, 0x61, 0x6E};
-
 /// The version that is written into every property file.
 inline constexpr std::string_view LibraryVersion = "2.1.1";
 

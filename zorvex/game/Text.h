@@ -37,6 +37,20 @@ std::string_view Trim(std::string_view text);
 std::string ReplaceAll(std::string_view text, std::string_view old, std::string_view replacement);
 /// The pieces between separators; an empty text gives one empty piece. The separator must not be empty.
 std::vector<std::string> Split(std::string_view text, std::string_view separator);
+/// Calls `take` for each line of a text. CR LF, CR, LF and vertical tab each end a line; an empty text is one
+/// empty line, as is what follows a line end at the very end.
+template <class Take>
+void ForEachLine(std::string_view text, Take&& take) {
+    while (true) {
+        std::size_t end = 0;
+        while (end < text.size() && !(text[end] >= '\n' && text[end] <= '\r' && text[end] != '\f'))
+            ++end;
+        take(text.substr(0, end));
+        if (end == text.size()) return;
+        const bool pair = text[end] == '\r' && end + 1 < text.size() && text[end + 1] == '\n';
+        text.remove_prefix(end + (pair ? 2 : 1));
+    }
+}
 std::string Join(const std::vector<std::string>& pieces, std::string_view separator);
 /// True when a name matches a pattern of plain characters, "*" and "?", without regard to case.
 bool MatchesPattern(std::string_view name, std::string_view pattern);

@@ -326,7 +326,7 @@ void AGILogic::Save(std::string_view saveFile) {
     if (InGame()) {
         if (!DataDirty()) return;
         Resource().Save();
-        WriteKey("Size", std::to_string(Resource().Size()));
+        WriteSize();
         DataDirty(false);
     } else if (sourceDirty_) {
         SaveSource(saveFile);

@@ -9,7 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "zorvex/game/LibraryState.h"
+#include "zorvex/game/ScrambleKey.h"
 #include "zorvex/game/Types.h"
 
 namespace zorvex {

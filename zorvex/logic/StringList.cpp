@@ -34,13 +34,7 @@ void StringList::Assign(std::string_view text, std::string_view separator) {
         return;
     }
     lines_.clear();
-    for (;;) {
-        const std::size_t end = text.find_first_of("\r\n\v");
-        lines_.emplace_back(text.substr(0, end));
-        if (end == std::string_view::npos) break;
-        const bool pair = text[end] == '\r' && end + 1 < text.size() && text[end + 1] == '\n';
-        text.remove_prefix(end + (pair ? 2 : 1));
-    }
+    ForEachLine(text, [this](std::string_view line) { lines_.emplace_back(line); });
     LinesChanged();
 }
 

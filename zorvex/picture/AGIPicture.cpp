@@ -8,6 +8,7 @@
 #include "zorvex/game/GameProperties.h"
 #include "zorvex/game/Helpers.h"
 #include "zorvex/game/LibraryState.h"
+#include "zorvex/game/Palette.h"
 #include "zorvex/game/Text.h"
 #include "zorvex/picture/PictureFunctions.h"
 #include "zorvex/platform/FileSystem.h"
@@ -50,12 +51,7 @@ AGIPicture::~AGIPicture() {
 // --- Drawing ---
 void AGIPicture::BuildBMPs() {
     ReleaseBitmaps();
-    for (std::size_t i = 0; i < colors_.size(); ++i) {
-        const auto color = static_cast<std::uint32_t>(Library().EGARevColor[i]);
-        colors_[i] = {.Blue = static_cast<std::uint8_t>(color),
-                      .Green = static_cast<std::uint8_t>(color >> 8),
-                      .Red = static_cast<std::uint8_t>(color >> 16)};
-    }
+    colors_ = PresentPalette();
     errorLevel_ = DrawPicture(visData_, priData_, Resource().View(), stepDraw_ ? drawPos_ : -1, drawPos_);
     toolStatus_ = GetToolStatus();
     MakeBitmaps();
@@ -304,7 +300,7 @@ void AGIPicture::Save(std::string_view saveFile) {
     if (!DataDirty()) return;
     RequireLoaded();
     Resource().Save(InnerPath(saveFile));
-    if (InGame()) WriteKey("Size", std::to_string(Size()));
+    if (InGame()) WriteSize();
     DataDirty(false);
 }
 

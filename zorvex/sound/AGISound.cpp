@@ -339,7 +339,7 @@ void AGISound::Save(std::string_view saveFile) {
         return;
     }
     Guarded([&] { Resource().Save(InnerPath(saveFile)); }, [] {});
-    if (InGame()) WriteKey("Size", std::to_string(Size()));
+    if (InGame()) WriteSize();
     DataDirty(false);
 }
 

@@ -90,7 +90,7 @@ void GameResource::InitInGame(std::uint8_t number, std::int32_t volume, std::int
     id_ = Section();
     resource_.Load();
     WriteKey("ID", id_);
-    WriteKey("Size", std::to_string(resource_.Size()));
+    WriteSize();
     resource_.Unload();
     WriteFirstProperties();
 }

@@ -85,6 +85,8 @@ class GameResource {
     virtual void DefaultIDFollowed(std::string_view /*oldID*/) {}
     /// Stores the name without checks or side effects.
     virtual void SetIDField(std::string_view value) { id_ = value; }
+    /// Notes the size of the bytes in the property list.
+    void WriteSize() { WriteKey("Size", std::to_string(resource_.Size())); }
     bool DataDirty() const { return dataDirty_; }
     void DataDirty(bool value) { dataDirty_ = value; }
     bool WritePropState() const { return writePropState_; }

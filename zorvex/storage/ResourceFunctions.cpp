@@ -7,6 +7,7 @@
 #include "zorvex/game/Checked.h"
 #include "zorvex/game/Faults.h"
 #include "zorvex/game/LibraryState.h"
+#include "zorvex/game/ScrambleKey.h"
 #include "zorvex/platform/FileSystem.h"
 #include "zorvex/storage/AGIResource.h"
 

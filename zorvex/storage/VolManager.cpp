@@ -93,25 +93,9 @@ DirectoryEntryBytes MakeDirectoryEntry(std::int32_t volume, std::int32_t loc) {
             static_cast<std::uint8_t>(place >> 8U), static_cast<std::uint8_t>(place)};
 }
 
-std::string VolumeName(std::int32_t volume, bool isV3, const std::string& gameID) {
-    return (isV3 ? gameID : std::string()) + "VOL." + std::to_string(volume);
-}
-
 std::string VolumePath(std::int32_t volume) {
     const LibraryState& library = Library();
     return library.GameDir + VolumeName(volume, library.IsV3, library.GameID);
-}
-
-std::string DirectoryFileName(AGIResType type, bool isV3, const std::string& gameID) {
-    return (isV3 ? gameID : std::string(At(ResTypeAbbrev, static_cast<int>(type)))) + "DIR";
-}
-
-std::int32_t HighestVolume(bool isV3) {
-    return isV3 ? 15 : 4;
-}
-
-std::int32_t HeaderLength(bool isV3) {
-    return isV3 ? HeaderLengthV3 : HeaderLengthV2;
 }
 
 void FindFreeVOLSpace(AGIResource& resource) {

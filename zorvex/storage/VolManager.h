@@ -1,4 +1,4 @@
-// The volume and directory files of an open game: their names, the search for free space, and the writing of
+// The volume and directory files of an open game: the search for free space, and the writing of
 // one resource with its directory entry.
 //
 // A directory entry is three bytes: the high nibble of the first is the volume number, its low nibble and the
@@ -11,6 +11,7 @@
 #include <string>
 
 #include "zorvex/game/Types.h"
+#include "zorvex/storage/GameFileNames.h"
 
 namespace zorvex {
 
@@ -21,16 +22,8 @@ using DirectoryEntryBytes = std::array<std::uint8_t, 3>;
 /// The entry for a place in a volume.
 DirectoryEntryBytes MakeDirectoryEntry(std::int32_t volume, std::int32_t loc);
 
-/// The name of a volume file: "VOL.3", or with the game's ID in front in V3.
-std::string VolumeName(std::int32_t volume, bool isV3, const std::string& gameID);
 /// The open game's volume file.
 std::string VolumePath(std::int32_t volume);
-/// The name of the directory file that holds a type: "LOGDIR", or the game's ID and "DIR" in V3.
-std::string DirectoryFileName(AGIResType type, bool isV3, const std::string& gameID);
-/// The highest volume number: 4 in V2, 15 in V3.
-std::int32_t HighestVolume(bool isV3);
-/// The length of a resource header: 5 bytes in V2, 7 in V3.
-std::int32_t HeaderLength(bool isV3);
 
 /// Writes a resource, uncompressed. Without `rebuild` it goes to free space of the open game's volumes and
 /// its directory entry follows; with `rebuild` it goes to CurrentLoc, the end of the new volume under

@@ -175,7 +175,7 @@ void AGIView::Save(std::string_view saveFile) {
     if (!DataDirty()) return;
     BuildViewData();
     Resource().Save(InnerPath(saveFile));
-    if (InGame()) WriteKey("Size", std::to_string(Size()));
+    if (InGame()) WriteSize();
     DataDirty(false);
 }
 

@@ -4,7 +4,7 @@
 #include <limits>
 
 #include "zorvex/game/Checked.h"
-#include "zorvex/game/LibraryState.h"
+#include "zorvex/game/ScrambleKey.h"
 
 namespace zorvex {
 
