@@ -8,7 +8,7 @@
 #include <fstream>
 #include <string>
 
-#include "tests/support/LzwEncoder.h"
+#include "fuzz/LzwEncoder.h"
 #include "zorvex/game/AGIGame.h"
 #include "zorvex/game/Error.h"
 #include "zorvex/game/LibraryState.h"
@@ -37,7 +37,7 @@ ByteArray PictureLikeBytes(std::size_t size) {
 
 void ExpandLzw(benchmark::State& state) {
     const ByteArray plain = PictureLikeBytes(30000);
-    const ByteArray packed = test::LzwCompressed(plain);
+    const ByteArray packed = fuzz::LzwCompressed(plain);
     for (auto _ : state) {
         ByteArray data = packed;
         ExpandV3(data, 30000);

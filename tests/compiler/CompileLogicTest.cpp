@@ -1,24 +1,12 @@
 // What a compile does to the logic, to the game and to a host that listens.
-#include "tests/support/ExpectError.h"
 #include "tests/support/ScratchGame.h"
-#include "tests/support/TestFiles.h"
 #include "zorvex/compiler/LogCompile.h"
 #include "zorvex/game/GameProperties.h"
-#include "zorvex/game/LibraryState.h"
-#include "zorvex/game/Text.h"
 #include "zorvex/vocab/AGIInventoryObjects.h"
 
 namespace zorvex::test {
 
 namespace {
-
-/// "piece 1" to "piece n" with a number in place of "@".
-std::string Repeated(int count, const std::string& piece) {
-    std::string text;
-    for (int i = 1; i <= count; ++i)
-        text += ReplaceAll(piece, "@", std::to_string(i));
-    return text;
-}
 
 void WriteGlobals(ScratchGame& game, std::string_view text) {
     game.Files().Write(std::string(ScratchGame::GameDir) + "globals.txt", Bytes(text));
@@ -37,11 +25,9 @@ TEST(CompileLogic, FailureChangesNothing) {
     EXPECT_EQ(crc, logic->CRC());
 
     logic->SourceText("v50 = 2;\nprint(\"x\" 5);\nreturn();");
-    const auto error = RaisedBy([&] { logic->Compile(); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Id(), 635);
-    EXPECT_EQ(error->Source(), "LogCompile");
-    EXPECT_EQ(error->Description(), "2||4160: ')' expected after command arguments");
+    EXPECT_RAISED(raised->Is(635) && raised->Source() == "LogCompile" &&
+                      raised->Description() == "2||4160: ')' expected after command arguments",
+                  logic->Compile());
     EXPECT_EQ(CompileColumn(), 11);
     EXPECT_EQ(logic->AllData(), bytes);
     EXPECT_EQ(logic->CompiledCRC(), crc);
@@ -122,25 +108,11 @@ TEST(CompileLogic, PositionsHave16Bits) {
 }
 
 TEST(CompileLogic, EmptyAndUnreadableSources) {
-    class Unreadable : public MemoryFileSystem {
-      public:
-        ByteArray Read(std::string_view path) const override {
-            if (path.ends_with("locked.txt")) RaiseRuntime(rePermissionDenied);
-            return MemoryFileSystem::Read(path);
-        }
-    };
     ScratchGame game;
-    const auto files = std::make_shared<Unreadable>();
-    files->MakeDirectory("\\game");
-    files->MakeDirectory("\\game\\src");
-    files->Write("\\game\\src\\locked.txt", Bytes("v50 = 1;"));
-    const auto before = UseFileSystem(files);
-    game.Logic(1)->Resource().SetAllData(ByteArray{1, 0, 0, 0, 2, 0});
-    game.Logic(1)->SourceText("#include \"locked.txt\"\nreturn();");
-    const auto error = RaisedBy([&] { CompileLogic(*game.Logic(1)); });
-    UseFileSystem(before);
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Description(), "1||4055: Error accessing include file '\\game\\src\\locked.txt'");
+    game.Write("locked.txt", "v50 = 1;");
+    game.Files().MakeUnreadable("\\game\\src\\locked.txt");
+    EXPECT_EQ(game.Compile("#include \"locked.txt\"\nreturn();").error,
+              "1: 4055: Error accessing include file '\\game\\src\\locked.txt'");
 
     EXPECT_ERROR(563, game.Logic(5)->Compile());
     game.Logic(1)->SourceText("");

@@ -1,6 +1,4 @@
 #include "zorvex/compiler/AGILogicSourceSettings.h"
-#include "zorvex/game/Error.h"
-#include "zorvex/game/LibraryState.h"
 
 namespace zorvex::test {
 
@@ -9,17 +7,6 @@ class SettingsTest : public testing::Test {
     ~SettingsTest() override {
         settings.ResetResDefines();
         settings.SourceExt("lgc");
-    }
-
-    template <class Call>
-    static void ExpectSubscript(Call&& call) {
-        try {
-            call();
-            ADD_FAILURE() << "nothing raised";
-        } catch (const Error& error) {
-            EXPECT_EQ(error.Number(), 9);
-            EXPECT_EQ(error.Source(), "Zorvex.agiLogicSourceSettings");
-        }
     }
 
     /// The name that an entry has after it was renamed and all names were checked.
@@ -38,14 +25,17 @@ class SettingsTest : public testing::Test {
 TEST_F(SettingsTest, IndexesOutOfRangeRaiseAndChangeNothing) {
     EXPECT_EQ(settings.ArgTypePrefix(8), "c");
     EXPECT_EQ(settings.ArgTypeName(4), "object");
-    ExpectSubscript([this] { settings.ArgTypePrefix(9); });
-    ExpectSubscript([this] { settings.ArgTypeName(9); });
-    ExpectSubscript([this] { settings.IgnoreWarning(5000, true); });
-    ExpectSubscript([this] { settings.IgnoreWarning(5108); });
-    ExpectSubscript([this] { settings.ResDef(1, 27, "x"); });
-    ExpectSubscript([this] { settings.ResDef(1, -1, "x"); });
-    ExpectSubscript([this] { settings.ResDef(9, 0, "x"); });
-    ExpectSubscript([this] { settings.ResDefByGrp(0); });
+    const auto isSubscript = [](const auto& error) {
+        return error->Number() == reSubscript && error->Source() == "Zorvex.agiLogicSourceSettings";
+    };
+    EXPECT_RAISED(isSubscript(raised), settings.ArgTypePrefix(9));
+    EXPECT_RAISED(isSubscript(raised), settings.ArgTypeName(9));
+    EXPECT_RAISED(isSubscript(raised), settings.IgnoreWarning(5000, true));
+    EXPECT_RAISED(isSubscript(raised), settings.IgnoreWarning(5108));
+    EXPECT_RAISED(isSubscript(raised), settings.ResDef(1, 27, "x"));
+    EXPECT_RAISED(isSubscript(raised), settings.ResDef(1, -1, "x"));
+    EXPECT_RAISED(isSubscript(raised), settings.ResDef(9, 0, "x"));
+    EXPECT_RAISED(isSubscript(raised), settings.ResDefByGrp(0));
     EXPECT_TRUE(settings.ValidateResDefs());
 }
 

@@ -5,7 +5,6 @@
 #include "zorvex/game/Checked.h"
 #include "zorvex/game/ErrorCatalogue.h"
 #include "zorvex/game/Event.h"
-#include "zorvex/game/LibraryState.h"
 
 namespace zorvex::test {
 
@@ -43,8 +42,7 @@ TEST(Faults, WrappedQuotesTheFaultUnlessItIsExpected) {
     const auto wrapped = Caught([] { Wrapped(646, [] { RaiseRuntime(reSubscript, "inner"); }, {502, 506}); });
     EXPECT_TRUE(wrapped.Is(646));
     EXPECT_EQ(wrapped.Source(), "inner");
-    EXPECT_NE(wrapped.Description().find("(9:Subscript out of range)"), std::string::npos)
-        << wrapped.Description();
+    EXPECT_TRUE(Has(wrapped.Description(), "(9:Subscript out of range)"));
 
     const auto passed = Caught([] {
         Wrapped(646, [] { RaiseCatalogue(506, "inner", 1 ? "a" : "", "b"); }, {502, 506});

@@ -1,9 +1,6 @@
 #include "zorvex/platform/FileSystem.h"
 
 #include "tests/support/FailingFiles.h"
-#include "tests/support/TestFiles.h"
-#include "zorvex/game/Faults.h"
-#include "zorvex/game/Helpers.h"
 #include "zorvex/platform/WholeFile.h"
 
 #ifndef _WIN32
@@ -14,11 +11,6 @@
 namespace zorvex::test {
 
 namespace {
-
-std::int32_t NumberOf(const std::function<void()>& step) {
-    const auto error = Attempt(step);
-    return error ? error->Number() : 0;
-}
 
 std::string NamesIn(std::string_view directory) {
     std::string names;
@@ -78,11 +70,11 @@ TEST_P(FileSystemTest, ReadsAndWritesAtAnOffset) {
 TEST_P(FileSystemTest, RenameReplaceAndCopy) {
     Files().Rename(At("vol.0"), At("VOL.0"));
     EXPECT_EQ(NamesIn(base_), "LOGDIR Src VOL.0 ");
-    EXPECT_EQ(NumberOf([&] { Files().Rename(At("vol.0"), At("logdir")); }), reFileExists);
-    EXPECT_EQ(NumberOf([&] { Files().Rename(At("vol.9"), At("vol.8")); }), reFileNotFound);
-    EXPECT_EQ(NumberOf([&] { Files().Rename(At("vol.0"), At("none\\vol.0")); }), reFileNotFound);
-    EXPECT_EQ(NumberOf([&] { Files().Replace(At("vol.0"), At("none\\vol.0")); }), reFileNotFound);
-    EXPECT_EQ(NumberOf([&] { Files().Rename(At("src"), At("SRC\\inner")); }), reBadFileName);
+    EXPECT_RUNTIME(reFileExists, Files().Rename(At("vol.0"), At("logdir")));
+    EXPECT_RUNTIME(reFileNotFound, Files().Rename(At("vol.9"), At("vol.8")));
+    EXPECT_RUNTIME(reFileNotFound, Files().Rename(At("vol.0"), At("none\\vol.0")));
+    EXPECT_RUNTIME(reFileNotFound, Files().Replace(At("vol.0"), At("none\\vol.0")));
+    EXPECT_RUNTIME(reBadFileName, Files().Rename(At("src"), At("SRC\\inner")));
     Files().Copy(At("vol.0"), At("vol.1"));
     Files().Copy(At("LOGDIR"), At("VOL.1"));
     EXPECT_EQ(Text("vol.1"), "log");
@@ -94,16 +86,16 @@ TEST_P(FileSystemTest, RenameReplaceAndCopy) {
 }
 
 TEST_P(FileSystemTest, FailuresHaveTheirNumbers) {
-    EXPECT_EQ(NumberOf([&] { Files().Read(At("nothing")); }), reFileNotFound);
-    EXPECT_EQ(NumberOf([&] { Files().Read(At("src")); }), rePathFileAccess);
+    EXPECT_RUNTIME(reFileNotFound, Files().Read(At("nothing")));
+    EXPECT_RUNTIME(rePathFileAccess, Files().Read(At("src")));
     if (FileExists("\\dev\\zero")) {
-        EXPECT_EQ(NumberOf([] { Files().Read("\\dev\\zero"); }), rePathFileAccess);
+        EXPECT_RUNTIME(rePathFileAccess, Files().Read("\\dev\\zero"));
     }
-    EXPECT_EQ(NumberOf([&] { Files().Write(At("src"), {}); }), rePathFileAccess);
-    EXPECT_EQ(NumberOf([&] { Files().Remove(At("nothing")); }), reFileNotFound);
-    EXPECT_EQ(NumberOf([&] { Files().MakeDirectory(At("SRC")); }), rePathFileAccess);
-    EXPECT_EQ(NumberOf([&] { Files().RemoveDirectory(At("src")); }), reFileExists);
-    EXPECT_EQ(NumberOf([&] { Files().List(At("nothing")); }), reFileNotFound);
+    EXPECT_RUNTIME(rePathFileAccess, Files().Write(At("src"), {}));
+    EXPECT_RUNTIME(reFileNotFound, Files().Remove(At("nothing")));
+    EXPECT_RUNTIME(rePathFileAccess, Files().MakeDirectory(At("SRC")));
+    EXPECT_RUNTIME(reFileExists, Files().RemoveDirectory(At("src")));
+    EXPECT_RUNTIME(reFileNotFound, Files().List(At("nothing")));
     Files().Remove(At("src\\logic0.lgc"));
     Files().RemoveDirectory(At("src\\"));
     EXPECT_EQ(NamesIn(base_), "LOGDIR Vol.0 ");
@@ -120,7 +112,7 @@ TEST_P(FileSystemTest, UniqueFilesAndWholeFiles) {
     ReplaceWholeFile(At("vol.0"), "changed");
     ReplaceWholeFile(At("new"), "new");
     EXPECT_EQ(Text("vol.0") + Text("new"), "changednew");
-    EXPECT_EQ(NumberOf([&] { ReplaceWholeFile(At("src"), "x"); }), rePathFileAccess);
+    EXPECT_RUNTIME(rePathFileAccess, ReplaceWholeFile(At("src"), "x"));
     EXPECT_EQ(NamesIn(base_), "LOGDIR new Src Vol.0 ");
 }
 

@@ -2,12 +2,8 @@
 
 #include "tests/support/CaseFile.h"
 #include "tests/support/FailingFiles.h"
-#include "tests/support/TestFiles.h"
-#include "zorvex/game/Faults.h"
-#include "zorvex/game/LibraryState.h"
 #include "zorvex/game/OldPropertyFile.h"
 #include "zorvex/game/PropertyFile.h"
-#include "zorvex/game/Text.h"
 #include "zorvex/logic/StringList.h"
 
 namespace zorvex::test {
@@ -28,15 +24,7 @@ class GamePropertiesTest : public testing::Test {
         Library().GameDir = "\\game\\";
         Library().GameFile = "\\game\\A.zvg";
     }
-    void TearDown() override {
-        UseClock(clockBefore_);
-        ResetDefaultPalette();
-        Library().PropertyList.reset();
-        Library().GameDir.clear();
-        Library().GameFile.clear();
-        Library().LastEdit = {};
-        Library().UseReservedNames = false;
-    }
+    void TearDown() override { UseClock(clockBefore_); }
     static void Open(std::string_view text) {
         Files().Write("\\game\\A.zvg", Bytes(text));
         Library().PropertyList = OpenPropertyList("\\game\\A.zvg", false);
@@ -48,6 +36,7 @@ class GamePropertiesTest : public testing::Test {
         return "none";
     }
 
+    LibraryReset reset_;
     MemoryFiles files_;
     std::shared_ptr<Clock> clockBefore_;
 };
@@ -102,14 +91,10 @@ TEST_F(GamePropertiesTest, ThePaletteIsReadInBothFormsAndRewritten) {
         "Color7 = &H1,&H2,&H3\nColor8 = &H00abcdef");
     GetGameProperties();
     const LibraryState& library = Library();
-    EXPECT_EQ(library.EGAColor[3], 0x112233);
+    EXPECT_EQ(std::vector(library.EGAColor.begin() + 3, library.EGAColor.begin() + 9),
+              (std::vector{0x112233, 0x12345678, 0xA00080, 0x0050A0, 0xA0A0A0, 0xABCDEF}));
     EXPECT_EQ(library.EGARevColor[3], 0x332211);
-    EXPECT_EQ(library.EGAColor[4], 0x12345678);
     EXPECT_EQ(library.EGARevColor[4], 0x12785634);
-    EXPECT_EQ(library.EGAColor[5], 0xA00080);
-    EXPECT_EQ(library.EGAColor[6], 0x0050A0);
-    EXPECT_EQ(library.EGAColor[7], 0xA0A0A0);
-    EXPECT_EQ(library.EGAColor[8], 0xABCDEF);
     EXPECT_EQ(Line("Color8"), "Color8 = &H00abcdef");
     EXPECT_EQ(ReadGameString("Palette", "Color4", ""), "&H12345678");
     EXPECT_EQ(ReadGameString("Palette", "Color5", ""), "&H00A00080");
@@ -138,13 +123,11 @@ TEST_F(GamePropertiesTest, GeneralValues) {
 
 TEST_F(GamePropertiesTest, ADateThatIsNoneIsAFaultAfterAllElseIsRead) {
     Open("[General]\nLastEdit = yesterday\nUseLE = True");
-    const auto error = Attempt([] { GetGameProperties(); });
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->Number(), reTypeMismatch);
+    EXPECT_RUNTIME(reTypeMismatch, GetGameProperties());
     EXPECT_TRUE(Library().UseLE);
     // The zero date is written as an empty text and reads back.
     WriteGameProperty("General", "LastEdit", DateText({}));
-    EXPECT_FALSE(Attempt([] { GetGameProperties(); }));
+    EXPECT_NO_THROW(GetGameProperties());
 }
 
 TEST_F(GamePropertiesTest, WithoutAListNothingHappens) {
@@ -173,12 +156,25 @@ TEST_F(GamePropertiesTest, TheLogTakesLinesAndNeverRaises) {
 // The input of a case is a former, binary property file as text of bytes; the expectation is the list that it
 // gives.
 TEST_F(GamePropertiesTest, FormerPropertyFiles) {
-    RunCases("old-property-file", [](const CaseFile& file) -> std::string {
+    RunCases("old-property-file", [](const CaseFile& file) {
         Open(TextOf(BytesOfText(file.Section("input"))));
         ConvertOldPropertyFile();
-        if (!Library().PropertyList) return "no list";
         return Library().PropertyList->Text("\n");
     });
+}
+
+TEST_F(GamePropertiesTest, AFormerPropertyFileHasItsSignatureAnIDAndAVersion) {
+    const std::string id = "83 00 00 01 00 \"A\" ";
+    const std::string version = "84 00 00 05 00 \"2.936\" ";
+    for (const auto& [bytes, isOne] : {std::pair(id + version + "\"1.0 BETA        \"", true),
+                                       {id + version + "\"ZORVEX v1.3     \"", false},
+                                       {id + version + "\"1.0 BETA\"", false},
+                                       {id + "84 00 00 00 00 \"ZORVEX v1.2     \"", false},
+                                       {id + version + "81 00 00 FF FF \"ZORVEX v1.2     \"", false}}) {
+        Open(TextOf(BytesOfText(bytes)));
+        ConvertOldPropertyFile();
+        EXPECT_EQ(Library().PropertyList != nullptr, isOne) << bytes;
+    }
 }
 
 TEST_F(GamePropertiesTest, TheExamplesOfTheFormatPageHold) {

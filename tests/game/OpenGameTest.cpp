@@ -1,10 +1,8 @@
 // Opening and making games: what each refusal leaves, and what an open game has written.
-#include "tests/support/ExpectError.h"
 #include "tests/support/FailingFiles.h"
 #include "tests/support/GameBuilder.h"
 #include "zorvex/Zorvex.h"
 #include "zorvex/game/GameDetection.h"
-#include "zorvex/game/LibraryState.h"
 
 namespace zorvex::test {
 namespace {
@@ -15,7 +13,7 @@ class OpenGameTest : public testing::Test {
         files->MakeDirectory("\\game");
         GameBuilder builder;
         builder.Add(rtLogic, 0, SmallestLogic()).Add(rtView, 3, SmallestView());
-        builder.WriteTo("\\game\\");
+        builder.WriteInto("\\game\\");
     }
     ~OpenGameTest() override { game.CloseGame(); }
 
@@ -96,8 +94,8 @@ TEST_F(OpenGameTest, WarningsLeaveTheGameOpen) {
     EXPECT_ERROR(636, game.OpenGameDIR("\\game"));
     EXPECT_TRUE(game.GameLoaded() && !Library().VocabularyWords->Loaded());
     const std::string log = files->Text("\\game\\errlog.txt");
-    EXPECT_NE(log.find("An error occurred while loading WORDS.TOK: "), std::string::npos);
-    EXPECT_NE(log.find("An error occurred while loading OBJECT: "), std::string::npos);
+    EXPECT_TRUE(Has(log, "An error occurred while loading WORDS.TOK: "));
+    EXPECT_TRUE(Has(log, "An error occurred while loading OBJECT: "));
 }
 
 TEST_F(OpenGameTest, FilesThatCannotBeRead) {
@@ -173,9 +171,8 @@ TEST_F(OpenGameTest, ANewGameChecksBeforeItWrites) {
     EXPECT_ERROR(687, game.NewGame("A", "2.917", "\\game", resDir));
     EXPECT_ERROR(543, game.NewGame("A", "2.5", "\\temp", resDir));
     EXPECT_ERROR(597, game.NewGame("A", "4.0", "\\temp", resDir));
-    const auto error = RaisedBy([&] { game.NewGame("A", "2.917", "\\temp", resDir, "\\game"); });
-    EXPECT_TRUE(error && error->Is(630));
-    EXPECT_EQ(error->Description(), "Template directory is missing its Zorvex game property file.");
+    EXPECT_ERROR_TEXT(630, "Template directory is missing its Zorvex game property file.",
+                      game.NewGame("A", "2.917", "\\temp", resDir, "\\game"));
     EXPECT_EQ(files->All().size(), before.size()) << "nothing is left in the directory";
     EXPECT_FALSE(game.GameLoaded());
 }
@@ -201,8 +198,7 @@ TEST_F(OpenGameTest, ANewGameHasItsFilesAndATemplateGivesItsOwn) {
               "COPY 3.002149 text");
     EXPECT_EQ(Files().Kind("\\copy\\COPYVOL.0"), FileKind::File);
     EXPECT_EQ(Files().Kind("\\copy\\src"), FileKind::None);
-    EXPECT_NE(files->Text("\\copy\\globals.txt").find("[ global defines file for COPY\r\n"),
-              std::string::npos);
+    EXPECT_TRUE(Has(files->Text("\\copy\\globals.txt"), "[ global defines file for COPY\r\n"));
     EXPECT_EQ(Files().Kind("\\ABCDE\\src\\Logic0.lgc"), FileKind::File);
 }
 

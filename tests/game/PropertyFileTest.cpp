@@ -1,8 +1,6 @@
 #include "zorvex/game/PropertyFile.h"
 
 #include "tests/support/CaseFile.h"
-#include "tests/support/TestFiles.h"
-#include "zorvex/game/Text.h"
 #include "zorvex/logic/StringList.h"
 
 namespace zorvex::test {
@@ -16,10 +14,6 @@ std::string Unescaped(std::string text) {
     return text;
 }
 
-std::string Escaped(std::string text) {
-    return ReplaceAll(ReplaceAll(text, "\r", "\\r"), "\n", "\\n");
-}
-
 /// Runs one line of a case's script, such as "write|Logic1|ID|main|Logics", and returns what it prints.
 std::string RunOperation(StringList& list, const std::string& line) {
     std::vector<std::string> words = Split(line, "|");
@@ -29,7 +23,7 @@ std::string RunOperation(StringList& list, const std::string& line) {
     const auto& [operation, section, key, value, group] =
         std::tie(words[0], words[1], words[2], words[3], words[4]);
     const auto result = [&](const std::string& text) {
-        return section + " " + key + " <" + Escaped(text) + ">\n";
+        return section + " " + key + " <" + ReplaceAll(ReplaceAll(text, "\r", "\\r"), "\n", "\\n") + ">\n";
     };
     if (operation == "string") return result(ReadPropertyString(&list, section, key, value));
     if (operation == "long")
@@ -55,7 +49,8 @@ std::string RunOperation(StringList& list, const std::string& line) {
 
 }  // namespace
 
-// The script of a case runs line by line against its input; the lines of the list follow what was read.
+// The script of a case runs line by line against its input; the lines of the list follow what was read, with
+// the setting "show = added" those that are new.
 TEST(Cases, PropertyFile) {
     RunCases("property-file", [](const CaseFile& file) {
         std::string input = file.Section("input");
@@ -68,8 +63,13 @@ TEST(Cases, PropertyFile) {
         script.pop_back();
         for (const std::string& line : Split(script, "\n"))
             output += RunOperation(list, line);
-        for (std::int32_t i = 1; i < list.Count(); ++i)
-            output += list.Lines()[static_cast<std::size_t>(i)] + "\n";
+        const bool showsAll = file.Setting("show") != "added";
+        const std::vector<std::string> before = Split(input, "\n");
+        for (std::int32_t i = 1; i < list.Count(); ++i) {
+            const std::string& line = list.Lines()[static_cast<std::size_t>(i)];
+            if (showsAll || std::find(before.begin(), before.end(), line) == before.end())
+                output += line + "\n";
+        }
         return output;
     });
 }

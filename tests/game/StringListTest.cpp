@@ -1,7 +1,5 @@
 #include "zorvex/logic/StringList.h"
 
-#include "zorvex/game/Faults.h"
-
 namespace zorvex::test {
 
 namespace {
@@ -10,12 +8,6 @@ StringList Lines(const std::vector<std::string>& lines) {
     StringList list;
     list.Assign(lines);
     return list;
-}
-
-std::int32_t IdOf(const std::function<void()>& step) {
-    const auto error = Attempt(step);
-    if (!error) return 0;
-    return error->Number() == reSubscript ? reSubscript : error->Id();
 }
 
 }  // namespace
@@ -39,9 +31,9 @@ TEST(StringList, EmptyListStillHasOneElement) {
     EXPECT_EQ(list.AllLines(), std::vector<std::string>{""});
     EXPECT_EQ(list.StringLine(), "");
     EXPECT_EQ(list.Text(), "");
-    EXPECT_EQ(IdOf([&] { list.Delete(); }), 676);
-    EXPECT_EQ(IdOf([&] { list.StringLine(0); }), reSubscript);
-    EXPECT_EQ(IdOf([&] { list.StringLine(0, "x"); }), 519);
+    EXPECT_ERROR(676, list.Delete());
+    EXPECT_RUNTIME(reSubscript, list.StringLine(0));
+    EXPECT_ERROR(519, list.StringLine(0, "x"));
 }
 
 TEST(StringList, AddDeleteAndTheCursor) {
@@ -52,9 +44,9 @@ TEST(StringList, AddDeleteAndTheCursor) {
     EXPECT_EQ(list.Text(" "), "a b c d e");
     EXPECT_EQ(list.StringLine(3), "d");
     EXPECT_EQ(list.CurrentLine(), 3);
-    EXPECT_EQ(IdOf([&] { list.StringLine(5); }), reSubscript);
-    EXPECT_EQ(IdOf([&] { list.CurrentLine(-1); }), 518);
-    EXPECT_EQ(IdOf([&] { list.Delete(5); }), 519);
+    EXPECT_RUNTIME(reSubscript, list.StringLine(5));
+    EXPECT_ERROR(518, list.CurrentLine(-1));
+    EXPECT_ERROR(519, list.Delete(5));
     list.Delete();
     EXPECT_EQ(list.StringLine(), "e");
     list.Delete();

@@ -1,8 +1,5 @@
 #include "zorvex/game/Text.h"
 
-#include "tests/support/TestFiles.h"
-#include "zorvex/game/Helpers.h"
-
 namespace zorvex::test {
 
 TEST(Text, HostTextCountsCharactersAndSurvivesMalformedBytes) {

@@ -6,14 +6,10 @@
 // sections "resources" ("view 3 = name"), "words" ("20 look") and "items" (one name a line) are what the
 // decompiler can look up; without the section there is no vocabulary or inventory.
 #include <map>
-#include <sstream>
 
 #include "tests/support/CaseFile.h"
 #include "tests/support/LogicBytes.h"
 #include "zorvex/compiler/AGICommandFunctions.h"
-#include "zorvex/game/Error.h"
-#include "zorvex/game/Helpers.h"
-#include "zorvex/game/Text.h"
 
 namespace zorvex::test {
 
@@ -35,9 +31,8 @@ class CaseNames : public DecodeNames {
   public:
     explicit CaseNames(const CaseFile& file)
         : items_(LinesOf(file.Section("items"))), hasWords_(file.Has("words")), hasItems_(file.Has("items")) {
-        for (const std::string& line : LinesOf(file.Section("resources"))) {
+        for (const std::string& line : LinesOf(file.Section("resources")))
             resources_.insert(Pair(line, " = "));
-        }
         for (const std::string& line : LinesOf(file.Section("words")))
             words_.insert(Pair(line, " "));
     }
@@ -84,15 +79,12 @@ ByteArray FramedLogic(const CaseFile& file) {
 DecodeSettings SettingsOfRun(const std::string& run, const std::string& version) {
     DecodeSettings settings;
     settings.InterpreterVersion = version;
-    std::istringstream words(run);
-    for (std::string word; words >> word;) {
-        if (word == "medium") settings.ErrorLevel = leMedium;
-        if (word == "low") settings.ErrorLevel = leLow;
-        if (word == "special") settings.SpecialSyntax = true;
-        if (word == "else-as-goto") settings.ElseAsGoto = true;
-        if (word == "all-messages") settings.ShowAllMessages = true;
-        if (word == "names") settings.NamesAsText = true;
-    }
+    const auto has = [&](std::string_view word) { return run.find(word) != std::string::npos; };
+    settings.ErrorLevel = has("medium") ? leMedium : has("low") ? leLow : leHigh;
+    settings.SpecialSyntax = has("special");
+    settings.ElseAsGoto = has("else-as-goto");
+    settings.ShowAllMessages = has("all-messages");
+    settings.NamesAsText = has("names");
     return settings;
 }
 
@@ -100,12 +92,11 @@ DecodeSettings SettingsOfRun(const std::string& run, const std::string& version)
 constexpr std::string_view noMessages = "\n[ Messages\n";
 
 std::string TextOrError(ByteView logic, const DecodeSettings& settings, const DecodeNames& names) {
-    try {
-        const std::string text = ConvertToCodePage(TextOfLines(DecodeLogic(logic, settings, names)));
-        return text.ends_with(noMessages) ? text.substr(0, text.size() - noMessages.size()) : text;
-    } catch (const Error& error) {
-        return "error " + std::to_string(error.Id()) + ": " + error.Description() + "\n";
-    }
+    std::string text;
+    const auto error =
+        RaisedBy([&] { text = ConvertToCodePage(TextOfLines(DecodeLogic(logic, settings, names))); });
+    if (error) return "error " + std::to_string(error->Id()) + ": " + error->Description() + "\n";
+    return text.ends_with(noMessages) ? text.substr(0, text.size() - noMessages.size()) : text;
 }
 
 std::string RunCase(const CaseFile& file) {

@@ -1,8 +1,7 @@
 // All logics of the real games.
-#include "tests/support/ExpectedGame.h"
 #include "tests/support/LogicBytes.h"
+#include "tests/support/RealGames.h"
 #include "zorvex/Zorvex.h"
-#include "zorvex/game/Helpers.h"
 
 namespace zorvex::test {
 

@@ -1,7 +1,6 @@
 #include "zorvex/logic/LogDecode.h"
 
 #include "tests/support/CaseFile.h"
-#include "tests/support/ExpectError.h"
 #include "tests/support/LogicBytes.h"
 #include "zorvex/logic/Disassembly.h"
 #include "zorvex/logic/StringList.h"
@@ -20,14 +19,9 @@ DecodedLogic Decode(ByteView logic, LogicErrorLevel level = leHigh) {
 ByteArray Nested(int depth) {
     ByteArray code{0x67, 1, 2, 1};
     for (int i = 0; i < depth; ++i) {
-        const auto length = static_cast<std::uint16_t>(code.size());
-        const ByteArray header{0xFF,
-                               7,
-                               1,
-                               0xFF,
-                               static_cast<std::uint8_t>(length & 0xFF),
-                               static_cast<std::uint8_t>(length >> 8)};
-        code.insert(code.begin(), header.begin(), header.end());
+        const std::size_t length = code.size();
+        code.insert(code.begin(), {0xFF, 7, 1, 0xFF, static_cast<std::uint8_t>(length),
+                                   static_cast<std::uint8_t>(length >> 8U)});
     }
     return code;
 }
@@ -40,10 +34,7 @@ TEST(LogDecode, NestsSixtyThreeBlocksAndNoMore) {
     // there is no room left on such a line, so that the message is not broken up
     EXPECT_EQ(logic.Lines[63], std::string(126, ' ') + "display(1, 2, \"" + text + "\");");
     EXPECT_EQ(logic.Lines[126], "  }");
-    EXPECT_EQ(RaisedText([&] {
-                  Decode(LogicOf(Nested(64), {{1, text}}));
-              }),
-              "Too many nested blocks (64) at position 384");
+    EXPECT_ERROR_TEXT(688, "Too many nested blocks (64) at position 384", Decode(LogicOf(Nested(64))));
 }
 
 TEST(LogDecode, ReadsTheDocumentedExample) {
@@ -74,9 +65,8 @@ TEST(Disassembly, ListsTestsStatementsAndWhatIsCutOff) {
     const ByteArray code{0xFF, 0xFC, 0xFD, 7, 3, 0x0E, 1,    20,   0,    0xFC, 0xFF,
                          3,    0,    0x74, 1, 0, 0xFE, 0xFB, 0xFF, 0xC8, 0x7A, 1};
     std::string listing;
-    for (const LogicInstruction& instruction : DisassembleLogic(LogicOf(code))) {
+    for (const LogicInstruction& instruction : DisassembleLogic(LogicOf(code)))
         listing += std::to_string(instruction.Position) + " " + instruction.Text + "\n";
-    }
     EXPECT_EQ(listing,
               "2 if\n3   or (\n4   not\n5   isset(f3)\n7   said(20)\n11   )\n12 then, up to 18\n"
               "15 word.to.string(s1, w1)\n18 goto 16\n21 unknown command 200\n22 add.to.pic(...\n");

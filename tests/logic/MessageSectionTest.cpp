@@ -1,8 +1,6 @@
 #include "zorvex/logic/MessageSection.h"
 
-#include "tests/support/ExpectError.h"
 #include "tests/support/LogicBytes.h"
-#include "tests/support/TestFiles.h"
 #include "zorvex/logic/LogicFormat.h"
 #include "zorvex/storage/AGIResource.h"
 

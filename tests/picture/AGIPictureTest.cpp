@@ -3,10 +3,6 @@
 #include <cstdlib>
 
 #include "tests/support/CaseFile.h"
-#include "tests/support/ExpectError.h"
-#include "tests/support/RecordingBitmaps.h"
-#include "tests/support/TestFiles.h"
-#include "zorvex/game/LibraryState.h"
 
 namespace zorvex::test {
 namespace {
@@ -17,11 +13,7 @@ const ByteArray bands{0xF2, 3, 0xF6, 150, 10, 159, 10, 0xF2, 1,    0xF6, 150,  1
 
 TEST(AGIPicture, NewPictureIsLoadedAndEmpty) {
     AGIPicture picture;
-    EXPECT_TRUE(picture.Loaded());
-    EXPECT_FALSE(picture.InGame());
-    EXPECT_FALSE(picture.IsDirty());
-    EXPECT_EQ(picture.ResType(), rtPicture);
-    EXPECT_EQ(picture.ID(), "NewPicture");
+    EXPECT_EQ(Face(picture), "NewPicture loaded clean");
     EXPECT_EQ(picture.AllData(), ByteArray{0xFF});
     EXPECT_EQ(picture.CurrentToolStatus(), PenStatus{});
     EXPECT_EQ(picture.PriBase(), 48);
@@ -119,10 +111,9 @@ TEST(AGIPicture, ExportAndImport) {
     AGIPicture picture;
     picture.SetPictureData(bands);
     picture.Export(dir.Native() + "/castle.pic", false);
-    EXPECT_EQ(picture.ID(), "castle.pic");
-    EXPECT_TRUE(picture.IsDirty());
+    EXPECT_EQ(Face(picture), "castle.pic loaded dirty");
     picture.Export(dir.File("castle.pic"));
-    EXPECT_FALSE(picture.IsDirty());
+    EXPECT_EQ(Face(picture), "castle.pic loaded clean");
     EXPECT_ERROR(599, picture.Export(""));
 
     AGIPicture other;
@@ -130,8 +121,7 @@ TEST(AGIPicture, ExportAndImport) {
     EXPECT_EQ(other.ID(), "NewPicture");
     EXPECT_EQ(other.AllData(), ByteArray{0xFF});
     other.Import(dir.Native() + "/castle.pic");
-    EXPECT_EQ(other.ID(), "castle.pic");
-    EXPECT_FALSE(other.IsDirty());
+    EXPECT_EQ(Face(other), "castle.pic loaded clean");
     EXPECT_EQ(other.AllData(), bands);
     EXPECT_EQ(other.VisPixel(0, 0), agMagenta);
     EXPECT_ERROR(667, other.ID(""));
@@ -148,11 +138,9 @@ TEST(AGIPicture, CopyTakesEverything) {
     source.BkgdTrans(40);
     AGIPicture copy;
     copy.SetPicture(source);
-    EXPECT_EQ(copy.ID(), "Harbour");
-    EXPECT_EQ(copy.Description(), "By night");
-    EXPECT_EQ(copy.BkgdImgFile(), "harbour.png");
+    EXPECT_EQ(Face(copy), "Harbour loaded dirty");
+    EXPECT_EQ(copy.Description() + ", " + copy.BkgdImgFile(), "By night, harbour.png");
     EXPECT_EQ(copy.BkgdTrans(), 40);
-    EXPECT_TRUE(copy.IsDirty());
     EXPECT_EQ(copy.VisData(), source.VisData());
     source.Unload();
     copy.SetPicture(source);
@@ -175,54 +163,95 @@ TEST(AGIPicture, BitmapsHoldTheScreens) {
     EXPECT_EQ(Bitmaps().BkColor(picture.VisualBMP()), 0xFFFFFFU);
 }
 
+/// Bitmap services that keep a list of what was asked of them and fail on demand.
+struct RecordingBitmaps final : DeviceBitmaps {
+    std::shared_ptr<DeviceBitmaps> memory = MakeMemoryBitmaps();
+    std::vector<std::string> log;
+    int failAt = 0;  // the step of making or selecting from here that returns 0
+
+    std::vector<std::string> TakeLog() { return std::exchange(log, {}); }
+    bool Fails(const char* operation) {
+        log.emplace_back(operation);
+        return failAt > 0 && --failAt == 0;
+    }
+    std::int32_t CreateCompatibleDC(std::int32_t like) override {
+        return Fails("CreateCompatibleDC") ? 0 : memory->CreateCompatibleDC(like);
+    }
+    std::int32_t CreateDIBSection(std::int32_t dc, const BitmapHeader& header,
+                                  std::span<const BitmapColor> colors, std::uint8_t*& bits) override {
+        return Fails("CreateDIBSection") ? 0 : memory->CreateDIBSection(dc, header, colors, bits);
+    }
+    std::int32_t SelectObject(std::int32_t dc, std::int32_t object) override {
+        return Fails("SelectObject") ? 0 : memory->SelectObject(dc, object);
+    }
+    std::uint32_t SetBkColor(std::int32_t dc, std::uint32_t color) override {
+        return Fails("SetBkColor") ? 0 : memory->SetBkColor(dc, color);
+    }
+    bool DeleteObject(std::int32_t object) override {
+        log.emplace_back("DeleteObject");
+        return memory->DeleteObject(object);
+    }
+    bool DeleteDC(std::int32_t dc) override {
+        log.emplace_back("DeleteDC");
+        return memory->DeleteDC(dc);
+    }
+    std::optional<BitmapView> Look(std::int32_t dc) const override { return memory->Look(dc); }
+    std::optional<std::uint32_t> BkColor(std::int32_t dc) const override { return memory->BkColor(dc); }
+    std::size_t LiveHandles() const override { return memory->LiveHandles(); }
+};
+
 TEST(AGIPicture, BitmapsAreReleasedInOrder) {
     using Log = std::vector<std::string>;
-    RecordingBitmaps bitmaps;
+    const auto bitmaps = std::make_shared<RecordingBitmaps>();
+    const auto before = UseBitmaps(bitmaps);
     const Log make{"CreateCompatibleDC", "CreateDIBSection", "SelectObject", "CreateCompatibleDC",
                    "CreateDIBSection",   "SelectObject",     "SetBkColor"};
     const Log release{"SelectObject", "SelectObject", "DeleteObject", "DeleteObject", "DeleteDC", "DeleteDC"};
     {
         AGIPicture picture;
-        EXPECT_EQ(bitmaps.LiveHandles(), 0U);
+        EXPECT_EQ(bitmaps->LiveHandles(), 0U);
         picture.Load();
-        EXPECT_EQ(bitmaps.TakeLog(), make);
+        EXPECT_EQ(bitmaps->TakeLog(), make);
         picture.SetData(bands);
-        EXPECT_TRUE(bitmaps.TakeLog().empty()) << "a change draws nothing by itself";
+        EXPECT_TRUE(bitmaps->TakeLog().empty()) << "a change draws nothing by itself";
         Log again = release;
         again.insert(again.end(), make.begin(), make.end());
         picture.VisData();
-        EXPECT_EQ(bitmaps.TakeLog(), again);
-        EXPECT_EQ(bitmaps.LiveHandles(), 4U);
+        EXPECT_EQ(bitmaps->TakeLog(), again);
+        EXPECT_EQ(bitmaps->LiveHandles(), 4U);
         picture.Unload();
-        EXPECT_EQ(bitmaps.TakeLog(), release);
+        EXPECT_EQ(bitmaps->TakeLog(), release);
         picture.SetPictureData(bands);
-        bitmaps.TakeLog();
+        bitmaps->TakeLog();
     }
-    EXPECT_EQ(bitmaps.TakeLog(), release);
-    EXPECT_EQ(bitmaps.LiveHandles(), 0U);
+    EXPECT_EQ(bitmaps->TakeLog(), release);
+    EXPECT_EQ(bitmaps->LiveHandles(), 0U);
+    UseBitmaps(before);
 }
 
 TEST(AGIPicture, FailedBitmapsAreNotKept) {
-    RecordingBitmaps bitmaps;
+    const auto bitmaps = std::make_shared<RecordingBitmaps>();
+    const auto before = UseBitmaps(bitmaps);
     for (int step = 1; step <= 7; ++step) {
         SCOPED_TRACE(step);
         AGIPicture picture;
         picture.SetData(bands);
-        bitmaps.FailAt(step);
+        bitmaps->failAt = step;
         EXPECT_ERROR(610, picture.VisualBMP());
-        EXPECT_EQ(bitmaps.LiveHandles(), 0U);
-        bitmaps.FailAt(step);
+        EXPECT_EQ(bitmaps->LiveHandles(), 0U);
+        bitmaps->failAt = step;
         EXPECT_ERROR(610, picture.Load());
-        bitmaps.FailAt(step);
+        bitmaps->failAt = step;
         EXPECT_ERROR(610, picture.ObjOnWater(0, 0, 1));
-        bitmaps.FailAt(step);
+        bitmaps->failAt = step;
         EXPECT_EQ(picture.VisPixel(0, 0), agMagenta) << "pixels need no bitmap";
-        bitmaps.FailAt(step);
+        bitmaps->failAt = step;
         EXPECT_NO_THROW(picture.Clear());
-        EXPECT_EQ(bitmaps.LiveHandles(), 0U);
-        bitmaps.FailAt(0);
+        EXPECT_EQ(bitmaps->LiveHandles(), 0U);
+        bitmaps->failAt = 0;
         EXPECT_NE(picture.PriorityBMP(), 0);
     }
+    UseBitmaps(before);
 }
 
 TEST(Bitmaps, ServeUntilTheProgramEnds) {

@@ -2,9 +2,6 @@
 
 #include <set>
 
-#include "zorvex/game/Error.h"
-#include "zorvex/game/LibraryState.h"
-
 namespace zorvex {
 namespace {
 
@@ -31,14 +28,6 @@ Points Painted(const ByteArray& screen, std::uint8_t blank = agWhite) {
 ByteArray operator+(ByteArray left, const ByteArray& right) {
     left.insert(left.end(), right.begin(), right.end());
     return left;
-}
-
-TEST(PictureEngine, EmptyPictureIsBlank) {
-    const Drawing drawing({0xFF});
-    EXPECT_EQ(drawing.level, 0);
-    EXPECT_EQ(drawing.vis, ByteArray(26880, 15));
-    EXPECT_EQ(drawing.pri, ByteArray(26880, 4));
-    EXPECT_EQ(GetToolStatus(), (PenStatus{agNone, agNone, psCircle, psSolid, 0}));
 }
 
 TEST(PictureEngine, LinesPaintTheirPixels) {

@@ -87,13 +87,12 @@ TEST(Sound, LengthCountsMutedTracksOnlyAsLongAsNothingChanged) {
     sound.DataDirty(false);
     Library().PropertyList->Assign("test.zvg\n", "\n");
     sound.Save();
-    EXPECT_NE(properties.Text().find("   ID = Bell\n   Description = \"\"\n   Key = 0\n   TPQN = 4\n"
-                                     "   Inst0 = 80\n   Inst1 = 80\n   Inst2 = 80\n   Mute0 = True\n"
-                                     "   Mute1 = True\n   Mute2 = False\n   Mute3 = False\n"
-                                     "   Visible0 = True\n   Visible1 = True\n   Visible2 = False\n"
-                                     "   Visible3 = True"),
-              std::string::npos)
-        << properties.Text();
+    EXPECT_TRUE(Has(properties.Text(),
+                    "   ID = Bell\n   Description = \"\"\n   Key = 0\n   TPQN = 4\n"
+                    "   Inst0 = 80\n   Inst1 = 80\n   Inst2 = 80\n   Mute0 = True\n"
+                    "   Mute1 = True\n   Mute2 = False\n   Mute3 = False\n"
+                    "   Visible0 = True\n   Visible1 = True\n   Visible2 = False\n"
+                    "   Visible3 = True"));
 }
 
 TEST(Sound, ANoteThatLeftItsSoundTellsNobody) {

@@ -1,9 +1,7 @@
 #include "tests/sound/SoundSupport.h"
-#include "tests/support/ExpectedGame.h"
-#include "zorvex/game/Helpers.h"
+#include "tests/support/RealGames.h"
 
 namespace zorvex::test {
-namespace {
 
 TEST(RealSounds, HaveTheExpectedNotesAndMidiFiles) {
     ForEachReal<AGISound>([](AGISound& sound, const nlohmann::json& expected) {
@@ -42,5 +40,4 @@ TEST(RealSounds, ComeBackFromBytesAndScriptsOfOurOwn) {
     });
 }
 
-}  // namespace
 }  // namespace zorvex::test

@@ -1,19 +1,12 @@
 #include "tests/sound/SoundSupport.h"
-#include "zorvex/game/Text.h"
 
 namespace zorvex::test {
-namespace {
 
 TEST(SoundScript, Cases) {
     RunCases("sound-script", [](const CaseFile& file) {
         TempDir dir;
         // "~" stands for a blank at the end of a line.
-        std::string text = ReplaceAll(file.Section("input"), "~", " ");
-        if (file.Setting("ends") == "cr") {
-            text = ReplaceAll(text, "\n", "\r");
-            text.pop_back();  // the last line needs no end
-        }
-        dir.Write("in.ass", text);
+        dir.Write("in.ass", ReplaceAll(file.Section("input"), "~", " "));
         AGISound sound;
         sound.Track(1)->Notes()->Add(1, 1, 1);
         sound.Key(5);
@@ -26,6 +19,14 @@ TEST(SoundScript, Cases) {
         EXPECT_EQ(Summary(again), Summary(sound));
         return Summary(again);
     });
+}
+
+TEST(SoundScript, AFourthToneIsTheNoiseTrack) {
+    const TempDir dir;
+    dir.Write("in.ass", "tone\rtone\rtone\rtone\r2,1,5");
+    AGISound sound;
+    sound.Import(dir.File("in.ass"));
+    EXPECT_EQ(NotesText(sound), "; ; ; 2/1/5") << "where short lines are periodic";
 }
 
 TEST(SoundScript, TheDocumentedExampleIsRead) {
@@ -144,5 +145,4 @@ TEST(Import, ReadsRawResourcesAndRefusesScraps) {
     EXPECT_EQ(NotesText(sound, 0), "1/2/3");
 }
 
-}  // namespace
 }  // namespace zorvex::test

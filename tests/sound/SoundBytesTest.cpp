@@ -2,7 +2,6 @@
 #include "zorvex/sound/SoundCodec.h"
 
 namespace zorvex::test {
-namespace {
 
 /// One note on track 0, nothing else.
 constexpr std::string_view oneNote = "08 00 0F 00 11 00 13 00 1E 00 0B 8E 90 FF FF FF FF FF FF FF FF";
@@ -140,5 +139,4 @@ TEST(Sound, SetSoundCopiesAllButThePlace) {
     EXPECT_FALSE(copy.Loaded());
 }
 
-}  // namespace
 }  // namespace zorvex::test

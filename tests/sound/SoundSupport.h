@@ -4,9 +4,6 @@
 #include <map>
 
 #include "tests/support/CaseFile.h"
-#include "tests/support/ExpectError.h"
-#include "tests/support/TestFiles.h"
-#include "zorvex/game/LibraryState.h"
 #include "zorvex/logic/StringList.h"
 #include "zorvex/platform/Media.h"
 #include "zorvex/sound/AGISounds.h"
@@ -54,20 +51,12 @@ inline std::string Summary(AGISound& sound) {
 }
 
 /// A game's property list in memory, for the time of the test.
-class OpenPropertyList {
-  public:
+struct OpenPropertyList : LibraryReset {
     OpenPropertyList() {
         Library().PropertyList = std::make_shared<StringList>();
         Library().PropertyList->Add("test.zvg");
         Library().Sounds = std::make_shared<AGISounds>();
     }
-    ~OpenPropertyList() {
-        Library().Sounds.reset();
-        Library().PropertyList.reset();
-    }
-    OpenPropertyList(const OpenPropertyList&) = delete;
-    OpenPropertyList& operator=(const OpenPropertyList&) = delete;
-
     std::string Text() const { return Library().PropertyList->Text("\n"); }
 };
 

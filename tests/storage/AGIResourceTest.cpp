@@ -1,8 +1,5 @@
 #include "zorvex/storage/AGIResource.h"
 
-#include "tests/support/ExpectError.h"
-#include "tests/support/TestFiles.h"
-
 namespace zorvex::test {
 namespace {
 

@@ -1,5 +1,6 @@
 // Opening a game by its directory files: every length, damaged entries, and what is said of them.
 #include "tests/storage/StorageTest.h"
+#include "zorvex/storage/V3Directory.h"
 
 namespace zorvex::test {
 namespace {
@@ -10,10 +11,9 @@ class DirectoriesTest : public StorageTest {
     std::vector<std::string> Warnings() const {
         std::vector<std::string> texts;
         if (Files().Kind(gameDir + "errlog.txt") == FileKind::None) return texts;
-        const std::string log = files_->Text(gameDir + "errlog.txt");
-        for (std::size_t at = log.find("WARNING: "); at != std::string::npos;
-             at = log.find("WARNING: ", at + 1))
-            texts.push_back(log.substr(at + 9, log.find('\r', at) - at - 9));
+        for (const std::string& line : Split(files_->Text(gameDir + "errlog.txt"), "\r\n")) {
+            if (!line.empty()) texts.push_back(line.substr(line.find("WARNING: ") + 9));
+        }
         return texts;
     }
 };
@@ -33,10 +33,9 @@ TEST_F(DirectoriesTest, V2FilesOfEveryLength) {
         Files().Write(gameDir + "PICDIR", entries);
     };
     withPictures(0);
-    const auto empty = RaisedBy([&] { game_.OpenGameDIR(gameDir); });
-    ASSERT_TRUE(empty && empty->Number() == 511) << Shown(empty);
-    EXPECT_EQ(empty->Description(), "PICDIR file is invalid");
-    EXPECT_EQ(empty->Source(), "agiGame");
+    EXPECT_RAISED(raised->Number() == 511 && raised->Description() == "PICDIR file is invalid" &&
+                      raised->Source() == "agiGame",
+                  game_.OpenGameDIR(gameDir));
     EXPECT_FALSE(game_.GameLoaded());
     EXPECT_EQ(game_.Logics().Count(), 0);
 
@@ -66,9 +65,7 @@ TEST_F(DirectoriesTest, V3FilesOfEveryLength) {
         return RaisedBy([&] { game_.OpenGameDIR(gameDir); });
     };
     const auto refused = [&](const ByteArray& file) {
-        const auto error = open(file);
-        return error && error->Is(542) &&
-               error->Description() == "\\game\\TSTDIR is not a valid directory file.";
+        return Shown(open(file)) == "error -2147220962 (542): \\game\\TSTDIR is not a valid directory file.";
     };
     EXPECT_TRUE(refused({}));
     EXPECT_TRUE(refused({8, 0, 8, 0, 8, 0, 8, 0, 0, 0}));
@@ -87,15 +84,9 @@ TEST_F(DirectoriesTest, V3FilesOfEveryLength) {
     EXPECT_EQ(game_.Pictures().Count(), 0);
     game_.CloseGame();
 
-    ByteArray large(8 + 800, 255);
-    for (const std::size_t word : {2U, 4U, 6U}) {
-        large[word] = (8 + 800) & 0xFF;
-        large[word + 1] = (8 + 800) >> 8;
-    }
-    large[0] = 8;
-    large[1] = 0;
-    const auto error = open(large);
-    EXPECT_TRUE(error && error->Is(636)) << Shown(error);
+    Files().Write(gameDir + "TSTDIR",
+                  MakeV3Directory([](AGIResType type) { return ByteArray(type == rtLogic ? 800 : 0, 255); }));
+    EXPECT_ERROR(636, game_.OpenGameDIR(gameDir));
     EXPECT_EQ(Warnings(), std::vector<std::string>{
                               "LOG portion of DIR file is larger than expected; it may be corrupted"});
 }
@@ -129,8 +120,7 @@ TEST_F(DirectoriesTest, BlanksBadEntriesAndKeepsTheFormerFile) {
     EXPECT_EQ(Files().Read(gameDir + "PICDIR.OLD"), oldPictures);
     EXPECT_EQ(Files().Read(gameDir + "LOGDIR"), logics);
     EXPECT_EQ(Files().Kind(gameDir + "LOGDIR.OLD"), FileKind::None);
-    game_.CloseGame();
-    game_.OpenGameDIR(gameDir);
+    Reopen();
     EXPECT_EQ(Warnings(), warnings) << "nothing is left to warn of";
 }
 

@@ -1,8 +1,6 @@
 // The collections: what they hold, and adding, removing and renumbering resources.
 #include "tests/storage/StorageTest.h"
-#include "tests/support/TestFiles.h"
 #include "zorvex/game/GameProperties.h"
-#include "zorvex/game/LibraryState.h"
 
 namespace zorvex::test {
 namespace {
@@ -28,7 +26,6 @@ class EditingTest : public StorageTest {
         Open(Sample("TST"));
     }
     static ByteArray Directory(const std::string& name) { return Files().Read(gameDir + name); }
-    static int Word(const ByteArray& bytes, std::size_t at) { return bytes[at] + bytes[at + 1] * 256; }
 };
 
 TEST_F(EditingTest, CollectionsAnswerByNumberAndWalkInOrder) {
@@ -71,9 +68,7 @@ TEST_F(EditingTest, AddMakesIDsUniqueAndGrowsTheDirectory) {
     EXPECT_EQ(third->SourceFile(), gameDir + "src\\Room_2.lgc");
     EXPECT_NE(third->Loc(), logic->Loc());
     files_->FailAt(1, reDiskFull);
-    const auto error = RaisedBy([&] { game_.Views().Add(9); });
-    EXPECT_TRUE(error && error->Is(649) && error->Description().find("61:") != std::string::npos)
-        << Shown(error);
+    EXPECT_RAISED(raised->Is(649) && Has(raised->Description(), "61:"), game_.Views().Add(9));
     EXPECT_TRUE(game_.Views().Exists(9)) << "it stays, incomplete";
     files_->Heal();
     const ByteArray sounds = Directory("SNDDIR");
@@ -98,15 +93,14 @@ TEST_F(EditingTest, RemoveBlanksTheEntryAndLeavesTheVolume) {
     EXPECT_EQ(Directory("VOL.0"), volume);
     EXPECT_ERROR(617, game_.Logics().Remove(2));
     EXPECT_EQ(game_.Logics().Add(1)->Loc(), 0) << "the space is free";
-    game_.CloseGame();
-    game_.OpenGameDIR(gameDir);
+    Reopen();
     EXPECT_EQ(game_.Logics().Count(), 1);
 }
 
 TEST_F(EditingTest, RenumberMovesNothingButTheEntryAndTheName) {
     const std::int32_t loc = game_.Logics().Item(2)->Loc();
-    game_.Logics().Item(2)->Load();
     const auto logic = game_.Logics().Item(2);
+    logic->Load();
     logic->Description("cellar");
     logic->Unload();
     Files().Write(gameDir + "src\\Logic9.lgc", Bytes("older"));
@@ -144,36 +138,28 @@ TEST_F(EditingTest, MarkAllAsDirtyReachesTheDisk) {
     EXPECT_TRUE(game_.Logics().Item(2)->Compiled());
     game_.Logics().MarkAllAsDirty();
     EXPECT_FALSE(game_.Logics().Item(2)->Compiled());
-    const std::string file = files_->Text(gameDir + "AGI.zvg");
-    EXPECT_NE(file.find("&H0"), std::string::npos);
+    EXPECT_TRUE(Has(files_->Text(gameDir + "AGI.zvg"), "&H0"));
     EXPECT_EQ(ReadGameString("Logic0", "CompCRC32", ""), "&H0");
 }
 
 TEST_F(EditingTest, V3DirectoriesMoveTheirHeaderWords) {
     OpenV3();
-    ByteArray file = Directory("TSTDIR");
-    const auto words = [&file] {
-        file = Directory("TSTDIR");
-        return std::vector<int>{Word(file, 0), Word(file, 2), Word(file, 4), Word(file, 6),
-                                static_cast<int>(file.size())};
-    };
-    EXPECT_EQ(words(), (std::vector<int>{8, 17, 20, 26, 41}));
+    const auto header = [] { return ByteArray(Files().ReadAt(gameDir + "TSTDIR", 0, 8)); };
+    EXPECT_EQ(header(), (ByteArray{8, 0, 17, 0, 20, 0, 26, 0}));
     game_.Logics().Add(5);
-    EXPECT_EQ(words(), (std::vector<int>{8, 26, 29, 35, 50}));
     game_.Views().Add(2);
     game_.Sounds().Add(6);
-    EXPECT_EQ(words(), (std::vector<int>{8, 26, 29, 38, 59}));
+    EXPECT_EQ(header(), (ByteArray{8, 0, 26, 0, 29, 0, 38, 0}));
     game_.Logics().Remove(5);
     game_.Views().Remove(1);
     game_.Sounds().Remove(6);
-    EXPECT_EQ(words(), (std::vector<int>{8, 17, 20, 29, 44}));
+    EXPECT_EQ(header(), (ByteArray{8, 0, 17, 0, 20, 0, 29, 0}));
     EXPECT_EQ(Difference(ReadModel(gameDir, "TST"), LoadedModel()), "");
-    for (const int number : {0, 2})
-        game_.Logics().Remove(static_cast<std::uint8_t>(number));
+    game_.Logics().Remove(0);
+    game_.Logics().Remove(2);
     game_.Views().Remove(2);
     game_.Sounds().Remove(4);
-    game_.CloseGame();
-    game_.OpenGameDIR(gameDir);
+    Reopen();
     EXPECT_EQ(game_.Logics().Count() + game_.Views().Count() + game_.Sounds().Count(), 0);
 }
 
@@ -227,11 +213,9 @@ TEST_F(EditingTest, GoesOnToFurtherVolumesUntilAllAreFull) {
     }
     EXPECT_EQ(number, 17);
     EXPECT_EQ(game_.Pictures().Item(16)->Loc(), 0);
-    std::optional<Error> error;
-    while (!(error = RaisedBy(addLarge)) && number < 100) {
-    }
-    EXPECT_TRUE(error && error->Is(593)) << Shown(error);
-    EXPECT_EQ(number, 16 * 5 + 1);
+    while (number < 16 * 5)
+        addLarge();
+    EXPECT_ERROR(593, addLarge());
     EXPECT_EQ(Difference(ReadModel(gameDir), LoadedModel()), "");
     EXPECT_EQ(Files().Kind(gameDir + "VOL.5"), FileKind::None);
 }

@@ -65,15 +65,11 @@ void WriteGame(bool isV3) {
     builder.Add(rtView, 0, SampleResource(rtView, 30)).Add(rtSound, 1, SampleResource(rtSound, 20));
     builder.Add(rtView, 4, SampleResource(rtView, 12)).Add(rtLogic, 3, SampleResource(rtLogic, 60), 1);
     builder.Add(rtPicture, 2, SampleResource(rtPicture, 5), 1);
-    builder.WriteTo(gameDir);
+    builder.WriteInto(gameDir);
     Files().MakeDirectory(gameDir + "src");
     AGIGame game;
     game.OpenGameDIR(gameDir);
     game.CloseGame();
-}
-
-std::string PropertyFile(bool isV3) {
-    return gameDir + (isV3 ? "TST.zvg" : "AGI.zvg");
 }
 
 /// Opens a game by a property file or, where none serves, by its directory files.
@@ -121,7 +117,7 @@ class KillTest : public testing::TestWithParam<bool> {
             Files().Write(path, bytes);
         {
             AGIGame game;
-            game.OpenGameZVG(PropertyFile(GetParam()));
+            OpenAnyhow(game, gameDir);
             disturb(*files, n);
             Attempt([&] { operation.run(game); });
             const bool reached = files->Changes() >= n;
@@ -145,11 +141,10 @@ class KillTest : public testing::TestWithParam<bool> {
         before_ = Reopened();
         start_ = files->All();
         AGIGame game;
-        game.OpenGameZVG(PropertyFile(GetParam()));
+        OpenAnyhow(game, gameDir);
         operation.run(game);
         game.CloseGame();
-        const Model after = Reopened();
-        return after;
+        return Reopened();
     }
 
     std::map<std::string, ByteArray> start_;

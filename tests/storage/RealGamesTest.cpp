@@ -1,12 +1,9 @@
 // The real games through the library: every size and checksum, and rebuilds that change neither.
-#include "tests/support/ExpectError.h"
-#include "tests/support/ExpectedGame.h"
 #include "tests/support/GameModel.h"
+#include "tests/support/RealGames.h"
 #include "zorvex/game/AGIGame.h"
-#include "zorvex/game/Helpers.h"
 
 namespace zorvex::test {
-namespace {
 
 TEST(RealGames, LoadAndRebuildWithoutADifference) {
     SKIP_WITHOUT_GAMES();
@@ -16,7 +13,7 @@ TEST(RealGames, LoadAndRebuildWithoutADifference) {
         const TempDir second;
         const TempDir third;
         first.CopyFrom(RealGame(name));
-        const auto expected = nlohmann::json::parse(first.ReadText("expected.json"));
+        const auto expected = ExpectedOf(name);
         AGIGame game;
         game.OpenGameDIR(first.Path());
         const Model model = LoadedModel();
@@ -46,5 +43,4 @@ TEST(RealGames, LoadAndRebuildWithoutADifference) {
     }
 }
 
-}  // namespace
 }  // namespace zorvex::test

@@ -1,10 +1,6 @@
 // What the tests of storage share: a game in a file system in memory.
 #pragma once
 
-#include <string>
-#include <vector>
-
-#include "tests/support/ExpectError.h"
 #include "tests/support/FailingFiles.h"
 #include "tests/support/GameBuilder.h"
 #include "tests/support/GameModel.h"
@@ -18,8 +14,12 @@ class StorageTest : public testing::Test {
   protected:
     /// Writes the files of a game into its directory, beside its source directory.
     void Write(const GameBuilder& builder) {
-        builder.WriteTo(gameDir);
+        builder.WriteInto(gameDir);
         if (Files().Kind(gameDir + "src") == FileKind::None) files_->MakeDirectory(gameDir + "src");
+    }
+    void Reopen() {
+        game_.CloseGame();
+        game_.OpenGameDIR(gameDir);
     }
     static bool Exists(const std::string& path) { return Files().Kind(path) == FileKind::File; }
 

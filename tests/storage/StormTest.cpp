@@ -18,7 +18,7 @@ class Storm {
   public:
     Storm(const std::string& v3ID, unsigned seed) : id_(v3ID), random_(seed) {
         GameBuilder builder(id_);
-        builder.Add(rtLogic, 0, SmallestLogic()).WriteTo(gameDir);
+        builder.Add(rtLogic, 0, SmallestLogic()).WriteInto(gameDir);
         Files().MakeDirectory(gameDir + "src");
         game_.OpenGameDIR(gameDir);
         Compile(*game_.Logics().Item(0));

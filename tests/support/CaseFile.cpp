@@ -7,8 +7,6 @@
 #include <stdexcept>
 
 #include "tests/support/TestFiles.h"
-#include "zorvex/game/Helpers.h"
-#include "zorvex/game/Text.h"
 
 namespace zorvex::test {
 
@@ -60,10 +58,6 @@ std::string CaseFile::Setting(std::string_view key, std::string_view defaultValu
         }
     }
     return std::string(defaultValue);
-}
-
-int CaseFile::Number(std::string_view key, int defaultValue) const {
-    return ParseLong(Setting(key)).value_or(defaultValue);
 }
 
 std::string CaseFile::With(std::string_view section, std::string_view text) const {

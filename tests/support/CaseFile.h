@@ -14,12 +14,6 @@
 // a diff.
 #pragma once
 
-#include <functional>
-#include <string>
-#include <string_view>
-#include <utility>
-#include <vector>
-
 #include "zorvex/game/Types.h"
 
 namespace zorvex::test {
@@ -34,7 +28,6 @@ class CaseFile {
     std::string Section(std::string_view section) const;
     /// A value of the section "settings", whose lines are "key = value".
     std::string Setting(std::string_view key, std::string_view defaultValue = {}) const;
-    int Number(std::string_view key, int defaultValue) const;
 
     /// The text of the file with another text in a section, which is added if need be.
     std::string With(std::string_view section, std::string_view text) const;

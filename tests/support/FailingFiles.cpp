@@ -35,6 +35,11 @@ void FailingFileSystem::Change(ByteView bytes, Step step) {
     RaiseRuntime(error_);
 }
 
+ByteArray FailingFileSystem::Read(std::string_view path) const {
+    if (path == unreadable_) RaiseRuntime(rePermissionDenied);
+    return MemoryFileSystem::Read(path);
+}
+
 ByteArray FailingFileSystem::ReadAt(std::string_view path, std::uint64_t offset, std::size_t count) const {
     if (path == unreadable_) RaiseRuntime(rePermissionDenied);
     return MemoryFileSystem::ReadAt(path, offset, count);

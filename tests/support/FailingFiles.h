@@ -26,11 +26,12 @@ class FailingFileSystem : public MemoryFileSystem {
     void KillAt(int n, std::size_t partial = 0);
     /// Nothing fails any more.
     void Heal() { FailAt(0, 0); }
-    /// Lets no part of a file be read by itself from now on. The path is taken exactly.
+    /// Lets a file no longer be read, as a whole or in part. The path is taken exactly.
     void MakeUnreadable(std::string path) { unreadable_ = std::move(path); }
     /// The changes since the last FailAt, KillAt or Heal, failed ones included. Reads are no changes.
     int Changes() const { return changes_; }
 
+    ByteArray Read(std::string_view path) const override;
     ByteArray ReadAt(std::string_view path, std::uint64_t offset, std::size_t count) const override;
     void Write(std::string_view path, ByteView bytes) override;
     void WriteAt(std::string_view path, std::uint64_t offset, ByteView bytes) override;

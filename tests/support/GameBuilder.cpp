@@ -3,6 +3,7 @@
 #include "zorvex/platform/FileSystem.h"
 #include "zorvex/storage/V3Directory.h"
 #include "zorvex/storage/VolManager.h"
+#include "zorvex/vocab/WordsFile.h"
 
 namespace zorvex::test {
 
@@ -45,15 +46,6 @@ void AppendWord(ByteArray& bytes, std::size_t value) {
 
 void Append(ByteArray& bytes, const ByteArray& more) {
     bytes.insert(bytes.end(), more.begin(), more.end());
-}
-
-/// The words "a" in group 0 and "anyword" in group 1.
-ByteArray TwoWords() {
-    ByteArray bytes(52);
-    bytes[1] = 52;
-    Append(bytes, {0, 0x1E | 0x80, 0, 0, 1, 'n' ^ 0x7F, 'y' ^ 0x7F, 'w' ^ 0x7F, 'o' ^ 0x7F, 'r' ^ 0x7F,
-                   ('d' ^ 0x7F) | 0x80, 0, 1, 0});
-    return bytes;
 }
 
 }  // namespace
@@ -101,17 +93,12 @@ std::map<std::string, ByteArray> GameBuilder::AllFiles() const {
     if (volumes_.empty()) files[VolumeName(0, IsV3(), id_)] = {};
     for (const AGIResType type : {rtLogic, rtPicture, rtSound, rtView})
         files[DirectoryFileName(type, IsV3(), id_)] = Directory(type);
-    files["WORDS.TOK"] = TwoWords();
+    files["WORDS.TOK"] = EncodeWordsFile(DefaultVocabulary());
     files["OBJECT"] = {3, 0, 16, 3, 0, 0, '?', 0};
     return files;
 }
 
-void GameBuilder::WriteTo(const TempDir& dir) const {
-    for (const auto& [name, bytes] : AllFiles())
-        dir.Write(name, bytes);
-}
-
-void GameBuilder::WriteTo(const std::string& directory) const {
+void GameBuilder::WriteInto(const std::string& directory) const {
     if (Files().Kind(directory) == FileKind::None) Files().MakeDirectory(directory);
     for (const auto& [name, bytes] : AllFiles())
         Files().Write(directory + name, bytes);

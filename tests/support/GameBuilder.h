@@ -10,7 +10,6 @@
 #include <map>
 #include <string>
 
-#include "tests/support/TestFiles.h"
 #include "zorvex/game/Types.h"
 
 namespace zorvex::test {
@@ -38,10 +37,15 @@ class GameBuilder {
     GameBuilder& Fill(int volume, std::size_t count, std::uint8_t value = 0);
     std::int32_t VolumeSize(int volume) const;
 
-    /// Writes all files of the game, with a vocabulary of two words and an inventory of one item.
-    void WriteTo(const TempDir& dir) const;
+    /// Writes all files of the game, with the default vocabulary and an inventory of one item, into a
+    /// TempDir.
+    template <class Directory>
+    void WriteTo(const Directory& dir) const {
+        for (const auto& [name, bytes] : AllFiles())
+            dir.Write(name, bytes);
+    }
     /// The same into a directory, a path with a backslash at its end, of the file system in use.
-    void WriteTo(const std::string& directory) const;
+    void WriteInto(const std::string& directory) const;
 
   private:
     bool IsV3() const { return !id_.empty(); }

@@ -2,12 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/ExpectedGame.h"
+#include "tests/support/RealGames.h"
 #include "zorvex/game/Faults.h"
 #include "zorvex/platform/FileSystem.h"
+#include "zorvex/storage/GameFileNames.h"
 #include "zorvex/storage/ResourceCollection.h"
 #include "zorvex/storage/V3Directory.h"
-#include "zorvex/storage/VolManager.h"
 
 namespace zorvex::test {
 

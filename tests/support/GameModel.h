@@ -5,8 +5,6 @@
 #pragma once
 
 #include <map>
-#include <string>
-#include <utility>
 
 #include "zorvex/game/Types.h"
 

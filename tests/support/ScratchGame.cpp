@@ -1,50 +1,18 @@
 #include "tests/support/ScratchGame.h"
 
+#include "tests/support/GameBuilder.h"
 #include "zorvex/compiler/AGICommandFunctions.h"
 #include "zorvex/compiler/LogCompile.h"
 #include "zorvex/game/Error.h"
 #include "zorvex/game/LibraryState.h"
 #include "zorvex/game/Text.h"
 #include "zorvex/logic/LogDecode.h"
-#include "zorvex/logic/StringList.h"
-#include "zorvex/sound/AGISounds.h"
-#include "zorvex/view/AGIViews.h"
 #include "zorvex/vocab/AGIInventoryObjects.h"
 #include "zorvex/vocab/AGIWordList.h"
 
 namespace zorvex::test {
 
 namespace {
-
-/// Puts a resource into VOL.0 and its collection.
-void AddResource(MemoryFileSystem& files, ResourceCollectionBase& collection, std::uint8_t number,
-                 ByteView bytes) {
-    const std::string volume = std::string(ScratchGame::GameDir) + "VOL.0";
-    const bool exists = files.Kind(volume) == FileKind::File;
-    const auto loc = exists ? static_cast<std::int32_t>(files.Size(volume)) : 0;
-    const auto size = static_cast<std::uint16_t>(bytes.size());
-    files.Append(volume, ByteArray{0x12, 0x34, 0, static_cast<std::uint8_t>(size & 255U),
-                                   static_cast<std::uint8_t>(size >> 8U)});
-    files.Append(volume, bytes);
-    collection.LoadEntry(number, 0, loc);
-}
-
-std::shared_ptr<AGIWordList> Words() {
-    auto words = std::make_shared<AGIWordList>();
-    words->NewWords();
-    words->AddWord("the", 0);
-    words->AddWord("look", 20);
-    words->AddWord("far", 40000);
-    return words;
-}
-
-std::shared_ptr<AGIInventoryObjects> Items() {
-    auto items = std::make_shared<AGIInventoryObjects>();
-    items->NewObjects();
-    for (const std::string_view name : {"lamp", "key", "key", "?"})
-        items->Add(name, 1);
-    return items;
-}
 
 std::string Placed(const std::string& line, const std::string& module, const std::string& text) {
     return (module.empty() ? "" : module.substr(module.rfind('\\') + 1) + ":") + line + ": " + text;
@@ -67,38 +35,21 @@ std::string WarningText(const std::string& warning) {
 
 }  // namespace
 
-ScratchGame::ScratchGame() : files_(std::make_shared<MemoryFileSystem>()), before_(UseFileSystem(files_)) {
-    LibraryState& library = Library();
-    library = LibraryState();
-    InitCommandTables();
+ScratchGame::ScratchGame() {
+    GameBuilder builder;
+    for (const int number : {0, 1, 5})
+        builder.Add(rtLogic, number, SmallestLogic());
+    builder.Add(rtView, 1, SmallestView()).Add(rtView, 2, {1, 1, 200}).Add(rtSound, 1, SilentSound());
     files_->MakeDirectory(GameDir);
     files_->MakeDirectory(ResDir);
-    library.GameDir = GameDir;
-    library.ResDir = ResDir;
-    library.TempDir = "\\temp";
-    library.GameID = "TEST";
-    library.GameLoaded = true;
-    library.Events = std::make_shared<AGIGameEvents>();
-    library.LogicSourceSettings = std::make_shared<AGILogicSourceSettings>();
-    library.PropertyList = std::make_shared<StringList>();
-    library.PropertyList->Add(std::string(GameDir) + "TEST.zvg");
-    library.Logics = std::make_shared<AGILogics>();
-    library.Views = std::make_shared<AGIViews>();
-    library.Sounds = std::make_shared<AGISounds>();
+    builder.WriteInto(std::string(GameDir));
+    game_.OpenGameDIR(GameDir);
     Version("2.917");
-    files_->Write(std::string(GameDir) + "LOGDIR", ByteArray(30, 0xFF));
-    for (const std::uint8_t number : ByteArray{0, 1, 5})
-        AddResource(*files_, *library.Logics, number, ByteArray{1, 0, 0, 0, 2, 0});
-    AddResource(*files_, *library.Views, 1, AGIView().AllData());
-    AddResource(*files_, *library.Views, 2, ByteArray{1, 1, 200});
-    AddResource(*files_, *library.Sounds, 1, ByteArray{8, 0, 8, 0, 8, 0, 8, 0, 255, 255});
-    library.VocabularyWords = Words();
-    library.InventoryObjects = Items();
-}
-
-ScratchGame::~ScratchGame() {
-    Library() = LibraryState();
-    UseFileSystem(before_);
+    game_.VocabularyWords()->AddWord("the", 0);
+    game_.VocabularyWords()->AddWord("look", 20);
+    game_.VocabularyWords()->AddWord("far", 40000);
+    for (const std::string_view name : {"lamp", "key", "key", "?"})
+        game_.InventoryObjects()->Add(name, 1);
 }
 
 AGILogicSourceSettings& ScratchGame::Settings() {

@@ -5,8 +5,9 @@
 //     game.Write("inc.txt", "#define x 3");            // into the resource directory
 //     EXPECT_EQ(game.Compile("#include \"inc.txt\"\nv1 = x;\nreturn();").error, "");
 //
-// It has the logics 0, 1 and 5, the views 1 (one loop, one cel) and 2 (damaged), the sound 1, the words of
-// WordsOfScratchGame, and the items "?", "lamp", "key", "key", "?", and counts as version 2.917.
+// It has the logics 0, 1 and 5, the views 1 (one loop, one cel) and 2 (damaged), the sound 1, the
+// words "the" (0), "look" (20) and "far" (40000) beside the default ones, and the items "?", "lamp", "key",
+// "key", "?", and counts as version 2.917.
 #pragma once
 
 #include <memory>
@@ -14,19 +15,17 @@
 #include <string_view>
 #include <vector>
 
+#include "tests/support/FailingFiles.h"
 #include "zorvex/compiler/AGILogicSourceSettings.h"
+#include "zorvex/game/AGIGame.h"
 #include "zorvex/game/AGIGameEvents.h"
 #include "zorvex/logic/AGILogics.h"
-#include "zorvex/platform/MemoryFileSystem.h"
 
 namespace zorvex::test {
 
 class ScratchGame {
   public:
     ScratchGame();
-    ScratchGame(const ScratchGame&) = delete;
-    ScratchGame& operator=(const ScratchGame&) = delete;
-    ~ScratchGame();
 
     /// What a compile gave: the code without header and messages, and the messages; or an error.
     struct Result {
@@ -44,14 +43,14 @@ class ScratchGame {
     void Version(std::string_view version);
     /// Writes a file of the resource directory.
     void Write(std::string_view name, std::string_view text) const;
-    MemoryFileSystem& Files() { return *files_; }
+    FailingFileSystem& Files() { return *files_; }
 
     static constexpr std::string_view GameDir = "\\game\\";
     static constexpr std::string_view ResDir = "\\game\\src\\";
 
   private:
-    std::shared_ptr<MemoryFileSystem> files_;
-    std::shared_ptr<FileSystem> before_;
+    MemoryFiles files_;
+    AGIGame game_;
 };
 
 }  // namespace zorvex::test

@@ -43,6 +43,23 @@ std::string TextOfFile(const fs::path& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
+testing::AssertionResult Has(const std::string& text, const std::string& part) {
+    return (text.find(part) != std::string::npos ? testing::AssertionSuccess() : testing::AssertionFailure())
+           << "'" << part << "' is looked for in '" << text << "'";
+}
+
+std::string Repeated(int count, std::string_view piece) {
+    std::string text;
+    for (int i = 1; i <= count; ++i)
+        text += ReplaceAll(piece, "@", std::to_string(i));
+    return text;
+}
+
+std::string Face(const GameResource& resource) {
+    return resource.ID() + (resource.Loaded() ? " loaded" : " unloaded") +
+           (resource.IsDirty() ? " dirty" : " clean");
+}
+
 TempDir::TempDir() : native_(NewDirectory().string()), path_(InnerPath(native_) + "\\") {}
 
 TempDir::~TempDir() {

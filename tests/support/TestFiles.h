@@ -7,12 +7,12 @@
 #pragma once
 
 #include <filesystem>
-#include <map>
-#include <string>
-#include <string_view>
-#include <vector>
 
-#include "zorvex/game/Types.h"
+#include "zorvex/game/Helpers.h"
+#include "zorvex/game/LibraryState.h"
+#include "zorvex/game/PropertyFile.h"
+#include "zorvex/game/Text.h"
+#include "zorvex/storage/GameResource.h"
 
 namespace zorvex::test {
 
@@ -20,6 +20,23 @@ namespace zorvex::test {
 ByteArray Bytes(std::string_view text);
 std::string TextOf(ByteView bytes);
 std::string TextOfFile(const std::filesystem::path& path);
+
+/// Whether a text holds another one, and the text where it does not.
+testing::AssertionResult Has(const std::string& text, const std::string& part);
+
+/// A text many times over, each time with its number, from 1 on, in place of "@".
+std::string Repeated(int count, std::string_view piece);
+
+/// What a host sees of any resource object: its ID and states, such as "Picture7 unloaded clean".
+std::string Face(const GameResource& resource);
+
+/// Brings the library's record back to its beginning at the end of the scope.
+struct LibraryReset {
+    LibraryReset() = default;
+    LibraryReset(const LibraryReset&) = delete;
+    LibraryReset& operator=(const LibraryReset&) = delete;
+    ~LibraryReset() { Library() = LibraryState(); }
+};
 
 /// A new empty directory that goes, with all in it, at the end of the scope. It works on the machine's own
 /// files, whatever file system the library uses at the time. Names are relative to it; "a/b" makes the
@@ -54,6 +71,14 @@ class TempDir {
   private:
     std::string native_;
     std::string path_;
+};
+
+/// Makes a directory that of the open game, with an empty property list, until the end of the scope.
+struct OpenDirectory : LibraryReset {
+    explicit OpenDirectory(const TempDir& dir) {
+        Library().GameDir = dir.Path();
+        Library().PropertyList = OpenPropertyList(dir.File("TEST.zvg"), false);
+    }
 };
 
 /// The root of the sources, in the system's form.

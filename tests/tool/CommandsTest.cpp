@@ -59,7 +59,7 @@ TEST_F(ToolTest, HelpsWithEveryCommandAndRefusesWrongUse) {
         const std::size_t examples = help.Output.find("Examples:");
         EXPECT_NE(examples, std::string::npos) << name;
         EXPECT_LT(examples, help.Output.find("Options:")) << name << ": examples stand before the options";
-        EXPECT_NE(help.Output.find("zorvex " + name), std::string::npos) << name;
+        EXPECT_TRUE(Has(help.Output, "zorvex " + name)) << name;
         EXPECT_EQ(help.Diagnostics, "") << name;
         EXPECT_EQ(StatusOf({name, "--no-such-option"}), 2) << name;
         EXPECT_EQ(StatusOf({name}), 2) << name << " without arguments";
@@ -77,8 +77,7 @@ TEST_F(ToolTest, LooksWithoutTouching) {
         const auto before = dir.All();
         const ToolRun info = RunTool({"info", dir.Native(), "--json"});
         ASSERT_EQ(info.Status, 0) << info.Diagnostics;
-        EXPECT_NE(info.Diagnostics.find("warning: Logic9 was skipped because it's location (700)"),
-                  std::string::npos);
+        EXPECT_TRUE(Has(info.Diagnostics, "warning: Logic9 was skipped because it's location (700)"));
         EXPECT_EQ(json::parse(info.Output)["resources"]["logic"], 1);
         const json list = ListOf(dir.Native());
         ASSERT_EQ(list.size(), 5U);
@@ -111,7 +110,7 @@ TEST_F(ToolTest, TakesAnEmptyDirectoryFileAsOneEmptyEntry) {
     game.Write("SNDDIR", ByteArray{});
     const ToolRun look = RunTool({"list", game.Native()});
     EXPECT_EQ(look.Status, 0);
-    EXPECT_NE(look.Diagnostics.find("SNDDIR"), std::string::npos);
+    EXPECT_TRUE(Has(look.Diagnostics, "SNDDIR"));
     EXPECT_TRUE(game.Read("SNDDIR").empty());
     EXPECT_EQ(StatusOf({"props", game.Native(), "author=Me"}), 0);
     EXPECT_EQ(game.Read("SNDDIR"), (ByteArray{255, 255, 255}));
@@ -188,7 +187,7 @@ TEST_F(ToolTest, BuildsNothingWhenAResourceFails) {
     const auto sums = SumsOf(ListOf(game.Native()));
     const ToolRun refused = RunTool({"build", game.Native()});
     EXPECT_EQ(refused.Status, 1);
-    EXPECT_NE(refused.Diagnostics.find("/src/Logic3.lgc:1: error: 4007"), std::string::npos);
+    EXPECT_TRUE(Has(refused.Diagnostics, "/src/Logic3.lgc:1: error: 4007"));
     EXPECT_EQ(SumsOf(ListOf(game.Native())), sums);
     EXPECT_FALSE(game.Exists("NEW_VOL.0"));
     EXPECT_EQ(StatusOf({"build", game.Native(), "--keep-going"}), 1);
@@ -222,7 +221,7 @@ TEST_F(ToolTest, RepairsWhatNeedsNoGuess) {
     EXPECT_TRUE(out.Exists("fixed/LOGDIR.OLD"));
     out.Remove("fixed/LOGDIR");
     const ToolRun failed = RunTool({"repair", Out("fixed")});
-    EXPECT_NE(failed.Diagnostics.find("(" + Out("fixed/LOGDIR") + ")"), std::string::npos);
+    EXPECT_TRUE(Has(failed.Diagnostics, "(" + Out("fixed/LOGDIR") + ")"));
 }
 
 }  // namespace

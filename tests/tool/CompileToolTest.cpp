@@ -61,9 +61,9 @@ TEST_F(CompileTool, SaysOnceWhatAnIncludedFileGivesEveryLogic) {
     game.Write("src/inc.txt", "#define here there\r\n");
     const ToolRun run = RunTool({"compile", game.Native(), "--check"});
     EXPECT_EQ(run.Status, 0);
-    EXPECT_NE(run.Diagnostics.find("[5022]"), std::string::npos);
+    EXPECT_TRUE(Has(run.Diagnostics, "[5022]"));
     EXPECT_EQ(run.Diagnostics.find("[5022]"), run.Diagnostics.rfind("[5022]"));
-    EXPECT_NE(run.Diagnostics.find("1 message about included files came again"), std::string::npos);
+    EXPECT_TRUE(Has(run.Diagnostics, "1 message about included files came again"));
     EXPECT_EQ(
         RunTool({"verify", game.Native()}).Output,
         "logic 1: warning: source: line 2: Attempting to load a view that does not exist will cause AGI "
@@ -92,7 +92,7 @@ TEST_F(CompileTool, CompilesASingleFile) {
     const ToolRun failed = RunTool({"compile", source, "-o", output});
     EXPECT_EQ(failed.Status, 1);
     EXPECT_EQ(failed.Diagnostics.substr(0, source.size() + 15), source + ":3: error: 4063");
-    EXPECT_NE(failed.Diagnostics.find("note: 'RED' is a reserved name"), std::string::npos);
+    EXPECT_TRUE(Has(failed.Diagnostics, "note: 'RED' is a reserved name"));
     EXPECT_FALSE(out.Exists("room.bin"));
     EXPECT_EQ(StatusOf({"compile", source}), 2);
     EXPECT_EQ(StatusOf({"compile", source, "--check", "--version", "2.5"}), 2);

@@ -65,8 +65,8 @@ TEST_F(PictureTool, FilesOfAllAreNamedByNumber) {
          {std::pair("--scale=1", ".png"), std::pair("--raw", ".visual"), std::pair("--json", ".json")}) {
         const ToolRun run = RunTool({"picture", game.Native(), "all", "-o", Out("all"), option});
         EXPECT_EQ(run.Status, 1) << run.Diagnostics;
-        EXPECT_NE(run.Diagnostics.find("Picture13 was skipped"), std::string::npos);
-        EXPECT_NE(run.Diagnostics.find("picture.012: the data ends without 0xFF"), std::string::npos);
+        EXPECT_TRUE(Has(run.Diagnostics, "Picture13 was skipped"));
+        EXPECT_TRUE(Has(run.Diagnostics, "picture.012: the data ends without 0xFF"));
         EXPECT_TRUE(out.Exists("all/picture.005" + std::string(extension)));
     }
     const ByteArray priority = out.Read("all/picture.005.priority");

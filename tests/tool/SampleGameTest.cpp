@@ -7,7 +7,6 @@
 #include "tests/support/RunTool.h"
 
 namespace zorvex::test {
-namespace {
 
 using SampleGame = ToolTest;
 
@@ -28,5 +27,4 @@ TEST_F(SampleGame, BuildsAndIsWhole) {
     EXPECT_EQ(StatusOf({"build", built}), 0) << "it can be built again";
 }
 
-}  // namespace
 }  // namespace zorvex::test

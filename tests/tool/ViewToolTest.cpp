@@ -38,9 +38,8 @@ TEST_F(ViewTool, AllWritesWhatCanBeReadAndTellsTheRest) {
     const auto before = game.All();
     const ToolRun run = RunTool({"view", game.Native(), "all", "-o", out.Native()});
     EXPECT_EQ(run.Status, 1);
-    EXPECT_NE(run.Diagnostics.find("view.005: error 513: Can't read past end of resource."),
-              std::string::npos);
-    EXPECT_NE(run.Diagnostics.find("at the last byte of the view"), std::string::npos);
+    EXPECT_TRUE(Has(run.Diagnostics, "view.005: error 513: Can't read past end of resource."));
+    EXPECT_TRUE(Has(run.Diagnostics, "at the last byte of the view"));
     EXPECT_TRUE(out.Exists("view.001.png") && !out.Exists("view.005.png") && out.Exists("view.009.png"));
     EXPECT_EQ(game.All(), before);
     EXPECT_EQ(StatusOf({"view", game.Native(), "5", "--json"}), 1);
@@ -80,7 +79,7 @@ TEST_F(ViewTool, WhatIsWrittenComesBackAsTheSameView) {
     }
     EXPECT_EQ(StatusOf({"view-import", game.Native(), "200", Out("sheet.json")}), 0);
     EXPECT_EQ(ViewJson("200"), expected);
-    EXPECT_NE(RunTool({"list", game.Native()}).Output.find(" View200 "), std::string::npos);
+    EXPECT_TRUE(Has(RunTool({"list", game.Native()}).Output, " View200 "));
     EXPECT_EQ(StatusOf({"view-import", game.Native(), "5", Out("cels")}), 0);
     EXPECT_EQ(ViewJson("5"), expected) << "a damaged view can be replaced";
 }
@@ -119,7 +118,7 @@ TEST_F(ViewTool, BadSourcesSayWhere) {
         out.Write("view.json", c.text);
         const ToolRun run = RunTool({"view-import", game.Native(), "1", out.Native()});
         EXPECT_EQ(run.Status, 1) << c.text;
-        EXPECT_NE(run.Diagnostics.find(c.said), std::string::npos) << run.Diagnostics;
+        EXPECT_TRUE(Has(run.Diagnostics, c.said));
     }
 }
 

@@ -79,14 +79,14 @@ TEST_F(WordsAndItems, OfABadFileLeaveTheGameAsItIs) {
         const ToolRun run =
             RunTool({"words-import", game.Native(), Out(std::string(name, 0, std::string(name).size() - 2))});
         EXPECT_EQ(run.Status, 1);
-        EXPECT_NE(run.Diagnostics.find(std::string(name) + message), std::string::npos) << run.Diagnostics;
+        EXPECT_TRUE(Has(run.Diagnostics, std::string(name) + message));
     }
     EXPECT_EQ(StatusOf({"words", game.Native(), "-o", Out("words.txt")}), 2);
     EXPECT_EQ(game.All(), before);
     const ToolRun run = RunTool({"words-import", game.Native(), Out("words.agw")});
     EXPECT_EQ(run.Status, 1);
-    EXPECT_NE(run.Diagnostics.find("error 672: WORDS.TOK compile error(6:Overflow): \"\u00E9t\u00E9\" has"),
-              std::string::npos);
+    EXPECT_TRUE(
+        Has(run.Diagnostics, "error 672: WORDS.TOK compile error(6:Overflow): \"\u00E9t\u00E9\" has"));
     EXPECT_EQ(game.Read("WORDS.TOK"), before.at("WORDS.TOK"));
 }
 

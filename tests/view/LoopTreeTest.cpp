@@ -1,8 +1,6 @@
-#include "tests/support/ExpectError.h"
 #include "tests/view/ViewText.h"
 
 namespace zorvex::test {
-namespace {
 
 TEST(Cel, SizeAndColorsKeepTheirLimits) {
     AGICel cel;
@@ -168,5 +166,4 @@ TEST(Loops, StandAlone) {
     EXPECT_EQ(RaisedId([&] { loop.MirrorLoop(); }), 611);
 }
 
-}  // namespace
 }  // namespace zorvex::test

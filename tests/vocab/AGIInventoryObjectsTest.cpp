@@ -1,8 +1,3 @@
-#include <random>
-
-#include "tests/support/ExpectError.h"
-#include "tests/vocab/VocabSupport.h"
-#include "zorvex/game/Text.h"
 #include "zorvex/vocab/AGIInventoryObjects.h"
 #include "zorvex/vocab/ObjectFile.h"
 
@@ -26,26 +21,6 @@ class InventoryTest : public testing::Test {
     TempDir dir;
     AGIInventoryObjects list;
 };
-
-TEST_F(InventoryTest, UniqueFollowsAnyRunOfChanges) {
-    std::mt19937 random(7);
-    const std::array<std::string, 5> names{"a", "A", "b", "?", ""};
-    for (int step = 0; step < 2000; ++step) {
-        const std::string& name = names[random() % names.size()];
-        const auto index = static_cast<std::int32_t>(random() % static_cast<std::size_t>(list.Count()));
-        switch (random() % 4) {
-            case 0: list.Remove(random() % 2 == 0 ? index : list.Count() - 1); break;
-            case 1: list.Count() < 8 ? list.Add(name, 1) : nullptr; break;
-            default: list.Item(index)->ItemName(name);
-        }
-        for (const auto& item : list) {
-            const auto same = std::count_if(list.begin(), list.end(), [&](const auto& other) {
-                return EqualNoCase(other->ItemName(), item->ItemName());
-            });
-            ASSERT_EQ(item->Unique(), same == 1 || item->ItemName() == "?") << "step " << step;
-        }
-    }
-}
 
 TEST_F(InventoryTest, NumbersStayWhenItemsAreRemoved) {
     list.Add("key", 1);

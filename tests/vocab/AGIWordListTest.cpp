@@ -1,8 +1,5 @@
 #include "zorvex/vocab/AGIWordList.h"
 
-#include "tests/support/ExpectError.h"
-#include "tests/vocab/VocabSupport.h"
-
 namespace zorvex::test {
 namespace {
 

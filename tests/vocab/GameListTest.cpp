@@ -1,6 +1,4 @@
 // What holds for word lists and inventories alike.
-#include "tests/support/ExpectError.h"
-#include "tests/vocab/VocabSupport.h"
 #include "zorvex/vocab/AGIInventoryObjects.h"
 #include "zorvex/vocab/AGIWordList.h"
 
@@ -105,9 +103,9 @@ TYPED_TEST(GameListTest, WritesOnlyWhatHasChangedAndKeepsTheFileWhenItCannot) {
     list.Add("z");
     list.Export(dir.File("none"), 2, false);
     EXPECT_TRUE(list.IsDirty());
-    const auto failed = RaisedBy([&] { list.Save(dir.File("o")); });
-    EXPECT_TRUE(failed && failed->Is(TypeParam::Unwritable));
-    EXPECT_NE(failed->Description().find(" compile error(6:Overflow)"), std::string::npos);
+    EXPECT_RAISED(
+        raised->Is(TypeParam::Unwritable) && Has(raised->Description(), " compile error(6:Overflow)"),
+        list.Save(dir.File("o")));
     dir.MakeDirectory("taken");
     EXPECT_ERROR(TypeParam::Unwritable, this->first.Save(dir.File("taken")));
     EXPECT_EQ(dir.ReadText("o"), "as it was");

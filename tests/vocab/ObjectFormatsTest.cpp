@@ -1,5 +1,4 @@
-#include "tests/support/ExpectError.h"
-#include "tests/vocab/VocabSupport.h"
+#include "tests/support/CaseFile.h"
 #include "zorvex/game/ScrambleKey.h"
 #include "zorvex/vocab/ObjectFile.h"
 #include "zorvex/vocab/ObjectText.h"
@@ -39,14 +38,6 @@ TEST(ObjectFile, TheAmigaFormIsToldByTheFirstName) {
 }
 
 TEST(ObjectFile, RefusesOtherBytes) {
-    const ByteArray bytes = DocumentedBytes("object.md");
-    for (const ByteArray& whole : {bytes, Scrambled(bytes)}) {
-        for (std::size_t length = 0; length < whole.size(); ++length) {
-            const auto data = DecodeObjectFile(ByteView(whole).first(length));
-            // A cut behind a zero byte leaves a file; it is short of names, not of sense.
-            EXPECT_EQ(data ? data->Items.size() : 3U, 3U) << length;
-        }
-    }
     for (const char* text :
          {"00", "41", "00 80 10 \"?\" 00", "00 00 10 \"!!\" 00", "03 00 10  FF 00 00  \"?\" 00",
           "03 00 10  00 80 00  \"?\" 00", "09 00 10 03 00", "03 00 10  03 00 00  \"?\" 01"})

@@ -1,21 +1,17 @@
-#include <nlohmann/json.hpp>
-
-#include "tests/vocab/VocabSupport.h"
-#include "zorvex/platform/FileSystem.h"
+#include "tests/support/RealGames.h"
 #include "zorvex/vocab/AGIInventoryObjects.h"
 #include "zorvex/vocab/AGIWordList.h"
 #include "zorvex/vocab/ObjectFile.h"
 #include "zorvex/vocab/WordsFile.h"
 
 namespace zorvex::test {
-namespace {
 
 TEST(RealGamesVocabulary, WordsAndItemsAreThoseExpected) {
     SKIP_WITHOUT_GAMES();
     for (const std::string& game : RealGames()) {
         SCOPED_TRACE(game);
         const std::string directory = RealGame(game);
-        const auto expected = nlohmann::json::parse(TextOfFile(directory + "/expected.json"));
+        const auto expected = ExpectedOf(game);
 
         AGIWordList words;
         words.Load(directory + "/WORDS.TOK");
@@ -40,5 +36,4 @@ TEST(RealGamesVocabulary, WordsAndItemsAreThoseExpected) {
     }
 }
 
-}  // namespace
 }  // namespace zorvex::test

@@ -1,11 +1,13 @@
-#include "tests/support/LzwEncoder.h"
+// An LZW encoder, for comparison with the expansion.
+#pragma once
 
+#include <cstdint>
 #include <map>
 #include <utility>
 
-namespace zorvex::test {
+#include "zorvex/game/Types.h"
 
-namespace {
+namespace zorvex::fuzz {
 
 class BitWriter {
   public:
@@ -25,17 +27,11 @@ class BitWriter {
     int count_ = 0;
 };
 
-}  // namespace
-
-ByteArray LzwCodes(std::initializer_list<int> codes) {
-    BitWriter writer;
-    for (const int code : codes)
-        writer.Put(code, 9);
-    return writer.Finish();
-}
-
-// The reader makes an entry one code later than the writer could, so the width follows what the reader has.
-ByteArray LzwCompressed(ByteView plain) {
+/// Data compressed with a growing code width and a reset whenever the table is full, as the interpreter's own
+/// V3 files hold it.
+inline ByteArray LzwCompressed(ByteView plain) {
+    // The reader makes an entry one code later than the writer could, so the width follows what the reader
+    // has.
     constexpr int tableSize = 2048;
     BitWriter writer;
     std::map<std::pair<int, int>, int> table;
@@ -78,4 +74,4 @@ ByteArray LzwCompressed(ByteView plain) {
     return writer.Finish();
 }
 
-}  // namespace zorvex::test
+}  // namespace zorvex::fuzz
