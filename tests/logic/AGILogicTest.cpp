@@ -160,6 +160,14 @@ TEST(AGILogic, ImportsAndExports) {
     EXPECT_EQ(alone.ID(), "room.lgc");
     EXPECT_EQ(game.Files().Text("\\game\\room.lgc"), "v50 = 1;");
     EXPECT_ERROR(582, alone.SaveSource("\\nowhere\\room.lgc", true));
+
+    const MemoryFiles files;
+    files->Write("\\work\\room.lgc", Bytes("the old source"));
+    for (int n = 1; n <= 3; ++n) {
+        files->FailAt(n, reDiskFull, 2);
+        EXPECT_TRUE(RaisedBy([&] { alone.SaveSource("\\work\\room.lgc"); })) << n;
+        EXPECT_EQ(files->Text("\\work\\room.lgc"), "the old source") << n;
+    }
 }
 
 TEST(AGILogic, CopiesAnotherLogic) {

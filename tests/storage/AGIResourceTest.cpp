@@ -1,5 +1,7 @@
 #include "zorvex/storage/AGIResource.h"
 
+#include "tests/support/FailingFiles.h"
+
 namespace zorvex::test {
 namespace {
 
@@ -130,6 +132,15 @@ TEST(AGIResource, GoesToAFileAndComesBack) {
     resource.Import(dir.File("in.bin"));
     EXPECT_EQ(resource.AllData(), (ByteArray{9, 8}));
     EXPECT_ERROR(605, resource.Import(dir.File("empty.bin")));
+
+    const MemoryFiles files;
+    files->Write("\\work\\out.bin", ByteArray{4, 5});
+    AGIResource other = LoadedWith({6, 7, 8});
+    for (int n = 1; n <= 3; ++n) {
+        files->FailAt(n, reDiskFull, 1);
+        EXPECT_ERROR(582, other.Export("\\work\\out.bin"));
+        EXPECT_EQ(files->Read("\\work\\out.bin"), (ByteArray{4, 5})) << "the old file is kept, at " << n;
+    }
 }
 
 }  // namespace

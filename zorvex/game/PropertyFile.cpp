@@ -142,25 +142,6 @@ std::string ReadEntry(StringList& list, std::string_view section, std::string_vi
     return std::string(defaultValue);
 }
 
-/// For a file in a directory that takes no new files. When the copy fails, the temporary file still holds
-/// all.
-void OverwriteFile(const std::string& path, std::string_view text) {
-    const std::string temporary = TempFileName();
-    Guarded([&] { Files().Write(temporary, BytesOf(text)); }, [&] { Files().Remove(temporary); });
-    Files().Copy(temporary, path);
-    Attempt([&] { Files().Remove(temporary); });
-}
-
-void WriteWholeFile(const std::string& path, std::string_view text) {
-    try {
-        ReplaceWholeFile(path, text);
-    } catch (const Error& error) {
-        const bool refused = error.Number() == rePermissionDenied || error.Number() == rePathFileAccess;
-        if (!refused || !FileExists(path)) throw;
-        OverwriteFile(path, text);
-    }
-}
-
 template <class Value, class Parse>
 Value ReadValue(StringList* list, std::string_view section, std::string_view key, Value defaultValue,
                 std::string_view defaultText, Parse parse) {
@@ -196,7 +177,7 @@ bool SavePropertyList(StringList& list) {
             if (i > 1) text.append(StringList::CrLf);
             text.append(lines[i]);
         }
-        WriteWholeFile(lines.front(), text);
+        ReplaceWholeFile(lines.front(), text);
     });
 }
 

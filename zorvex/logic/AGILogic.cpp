@@ -13,6 +13,7 @@
 #include "zorvex/logic/LogDecode.h"
 #include "zorvex/logic/StringList.h"
 #include "zorvex/platform/FileSystem.h"
+#include "zorvex/platform/WholeFile.h"
 
 namespace zorvex {
 
@@ -178,14 +179,9 @@ void AGILogic::LoadSource(bool forceDecompile) {
     DataDirty(false);
 }
 
-/// Writes the source text through a temporary file, so that a full disk does not cost the old file.
 void AGILogic::StoreSource(const std::string& saveFile) {
-    const std::string tempFile = TempFileName();
-    const auto removeTemp = [&] { Attempt([&] { Files().Remove(tempFile); }); };
-    Guarded([&] { Files().Write(tempFile, TextToBytes(sourceText_)); }, removeTemp);
-    const auto failed = Attempt([&] { Files().Copy(tempFile, saveFile); });
-    removeTemp();
-    if (failed) RaiseCatalogue(582, ErrorSource);
+    if (Attempt([&] { ReplaceWholeFile(saveFile, TextToBytes(sourceText_)); }))
+        RaiseCatalogue(582, ErrorSource);
 }
 
 void AGILogic::SaveSource(std::string_view saveFile, bool exporting) {

@@ -6,7 +6,19 @@
 
 namespace zorvex {
 
-void ReplaceWholeFile(std::string_view path, ByteView bytes) {
+namespace {
+
+/// For a file in a directory that takes no new files. When the copy fails, the temporary file still holds
+/// all.
+void OverwriteFile(std::string_view path, ByteView bytes) {
+    Files().Append(path, {});  // a file that takes no bytes at all keeps those that it has
+    const std::string temporary = TempFileName();
+    Guarded([&] { Files().Write(temporary, bytes); }, [&] { Files().Remove(temporary); });
+    Files().Copy(temporary, path);
+    Attempt([&] { Files().Remove(temporary); });
+}
+
+void WriteBeside(std::string_view path, ByteView bytes) {
     std::string directory = JustPath(path, true);
     if (directory.empty()) directory = ".";
     const std::string beside = Files().UniqueTempFile(directory, "AGI");
@@ -16,6 +28,16 @@ void ReplaceWholeFile(std::string_view path, ByteView bytes) {
             Files().Replace(beside, path);
         },
         [&] { Files().Remove(beside); });
+}
+
+}  // namespace
+
+void ReplaceWholeFile(std::string_view path, ByteView bytes) {
+    const auto error = Attempt([&] { WriteBeside(path, bytes); });
+    if (!error) return;
+    const bool refused = error->Number() == rePermissionDenied || error->Number() == rePathFileAccess;
+    if (!refused || !FileExists(path)) throw *error;
+    OverwriteFile(path, bytes);
 }
 
 void ReplaceWholeFile(std::string_view path, std::string_view text) {

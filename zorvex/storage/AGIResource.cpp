@@ -7,6 +7,7 @@
 #include "zorvex/game/Helpers.h"
 #include "zorvex/game/LibraryState.h"
 #include "zorvex/platform/FileSystem.h"
+#include "zorvex/platform/WholeFile.h"
 #include "zorvex/storage/ResourceFunctions.h"
 #include "zorvex/storage/VolManager.h"
 #include "zorvex/storage/VolumeFiles.h"
@@ -268,15 +269,9 @@ void AGIResource::Export(std::string_view exportFile) {
     if (exportFile.empty()) RaiseCatalogue(599, ErrorSource);
     const bool wasLoaded = loaded_;
     if (!wasLoaded && Attempt([&] { Load(); })) RaiseCatalogue(601, ErrorSource);
-    std::string tempFile;
-    const auto failed = Attempt([&] {
-        tempFile = TempFileName();
-        Files().Write(tempFile, data_);
-    });
+    const auto failed = Attempt([&] { ReplaceWholeFile(exportFile, data_); });
     if (!wasLoaded) Unload();
-    const auto notCopied = failed ? failed : Attempt([&] { Files().Copy(tempFile, exportFile); });
-    Attempt([&] { Files().Remove(tempFile); });
-    if (notCopied) RaiseCatalogue(582, ErrorSource);
+    if (failed) RaiseCatalogue(582, ErrorSource);
     if (!inGame_) resFile_ = exportFile;
 }
 
