@@ -78,6 +78,37 @@ TEST_F(EditingTest, AddMakesIDsUniqueAndGrowsTheDirectory) {
     EXPECT_EQ(Difference(ReadModel(gameDir), LoadedModel()), "");
 }
 
+TEST_F(EditingTest, AnEntryGoesToItsOwnNumberWhateverElseIsMissing) {
+    files_->KillAt(2);  // the bytes are written, the directory is not
+    game_.Views().Add(9);
+    files_->Heal();
+    game_.Views().Add(5);
+    game_.Views().Remove(9);
+    EXPECT_EQ(Difference(ReadModel(gameDir), LoadedModel()), "");
+
+    OpenV3();
+    const auto removed = game_.Logics().Item(2);
+    game_.Logics().Remove(2);
+    const Model others = LoadedModel();
+    removed->Load();
+    removed->Resource().Save();
+    Model all = others;
+    all[{rtLogic, 2}] = removed->AllData();
+    EXPECT_EQ(Difference(ReadModel(gameDir, "TST"), all), "") << "no entry of another kind is written over";
+}
+
+TEST_F(EditingTest, WhereNoNewFileCanBeMadeDirectoriesAreStillEdited) {
+    OpenV3();
+    for (const int error : {rePermissionDenied, reDiskFull}) {
+        files_->FailAt(2, error);
+        game_.Views().Add(9);
+        EXPECT_EQ(Difference(ReadModel(gameDir, "TST"), LoadedModel()), "") << error;
+        files_->FailAt(1, error);
+        game_.Views().Remove(9);
+        EXPECT_EQ(Difference(ReadModel(gameDir, "TST"), LoadedModel()), "") << error;
+    }
+}
+
 TEST_F(EditingTest, RemoveBlanksTheEntryAndLeavesTheVolume) {
     const ByteArray volume = Directory("VOL.0");
     game_.Logics().Remove(0);

@@ -38,6 +38,7 @@ class DirectoryEdit {
         if (HasFollower()) max_ = std::min(max_, (range_.end - range_.start) / 3 - 1);
     }
 
+    /// The highest number with an entry before any edit.
     std::int32_t Max() const { return max_; }
     const ByteArray& File() const { return file_; }
 
@@ -86,13 +87,20 @@ class DirectoryEdit {
 
 namespace {
 
-/// Writes the edited directory; where that is impossible for want of space, at least the one entry in place.
-void StoreDirectory(const std::string& path, const DirectoryEdit& edit, bool inPlace, std::int32_t at,
+/// Writes the edited directory. Where no new file can be made, the old one takes what it has room for: the
+/// one entry, or, behind blank entries that harm nothing should they be all, the grown directory.
+void StoreDirectory(const std::string& path, const DirectoryEdit& edit, std::int32_t number,
                     const DirectoryEntryBytes& entry) {
     const auto error = Attempt([&] { ReplaceWholeFile(path, edit.File()); });
     if (!error) return;
-    if (!inPlace) throw *error;
-    Files().WriteAt(path, static_cast<std::uint64_t>(at), entry);
+    if (number <= edit.Max()) {
+        Files().WriteAt(path, static_cast<std::uint64_t>(edit.PlaceOf(number)), entry);
+        return;
+    }
+    const std::uint64_t length = Files().Size(path);
+    if (edit.File().size() < length) throw *error;
+    Files().Append(path, ByteArray(edit.File().size() - static_cast<std::size_t>(length), 255));
+    Files().WriteAt(path, 0, edit.File());
 }
 
 }  // namespace
@@ -101,7 +109,10 @@ bool UpdateDirFile(const AGIResource& resource, bool remove) {
     const auto error = Attempt([&] {
         const LibraryState& library = Library();
         // An emptied directory keeps one empty entry: a directory file without any could not be opened again.
-        const std::int32_t maxNum = std::max<std::int32_t>(CollectionOf(resource.ResType())->Max(), 0);
+        // A new entry needs room for its own number, which need not be the highest, nor still in the
+        // collection.
+        const std::int32_t maxNum =
+            remove ? std::max<std::int32_t>(CollectionOf(resource.ResType())->Max(), 0) : resource.Number();
         const std::string path =
             library.GameDir + DirectoryFileName(resource.ResType(), library.IsV3, library.GameID);
         DirectoryEdit edit(Files().Read(path), resource.ResType(), library.IsV3);
@@ -117,7 +128,7 @@ bool UpdateDirFile(const AGIResource& resource, bool remove) {
         } else {
             edit.Grow(maxNum, entry);
         }
-        StoreDirectory(path, edit, inPlace, edit.PlaceOf(resource.Number()), entry);
+        StoreDirectory(path, edit, resource.Number(), entry);
     });
     return !error;
 }
