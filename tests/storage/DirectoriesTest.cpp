@@ -124,6 +124,25 @@ TEST_F(DirectoriesTest, BlanksBadEntriesAndKeepsTheFormerFile) {
     EXPECT_EQ(Warnings(), warnings) << "nothing is left to warn of";
 }
 
+TEST_F(DirectoriesTest, OpensADamagedGameThatCannotBeWritten) {
+    GameBuilder builder = V2Game();
+    Write(builder.Entry(rtPicture, 2, 3, 5));
+    const ByteArray pictures = Files().Read(gameDir + "PICDIR");
+    files_->KillAt(1);
+    EXPECT_ERROR(636, game_.OpenGameDIR(gameDir));
+    EXPECT_EQ(game_.Pictures().Count(), 1);
+    files_->Heal();
+    game_.CloseGame();
+    for (int n = 1; n <= 6; ++n) {
+        Files().Write(gameDir + "PICDIR", pictures);
+        files_->FailAt(n, reDiskFull, 2);
+        RaisedBy([&] { game_.OpenGameDIR(gameDir); });
+        const bool blanked = Files().Read(gameDir + "PICDIR") != pictures;
+        EXPECT_EQ(Files().Read(gameDir + (blanked ? "PICDIR.OLD" : "PICDIR")), pictures) << n;
+        game_.CloseGame();
+    }
+}
+
 TEST_F(DirectoriesTest, ThePropertyFileVouchesForAResource) {
     GameBuilder builder("TST");
     builder.Add(rtLogic, 0, SmallestLogic()).Add(rtView, 5, SmallestView());

@@ -179,10 +179,13 @@ class Extraction {
         if (!dirty_) return;
         dirty_ = false;
         // A copy is set aside instead of the file itself, so that there is a directory file at every moment.
+        // Where nothing can be written the game opens all the same, and warns again the next time.
         const std::string backup = path + ".OLD";
         Attempt([&] { Files().Remove(backup); });
-        Attempt([&] { Files().Copy(path, backup); });
-        ReplaceWholeFile(path, file);
+        Attempt([&] {
+            Files().Copy(path, backup);
+            ReplaceWholeFile(path, file);
+        });
     }
 
     bool warnings_ = false;
