@@ -81,6 +81,7 @@ TEST_F(LoadTest, TellsWhatIsWrongWithAPlace) {
     EXPECT_ERROR(506, Place(false, volume, 1).Load());
     EXPECT_ERROR_TEXT(507, "Error 9 while reading resource in VOL.0.",
                       Place(false, {0x12, 0x34, 0, 0, 0, 5}).Load());
+    EXPECT_EQ(resource_.Size(), 0) << "the header's size, although the load failed";
     EXPECT_ERROR(507, Place(true, Stored(5, {})).Load());
     EXPECT_ERROR(507, Place(false, {0x12, 0x34}).Load());
     EXPECT_FALSE(resource_.Loaded());
@@ -100,6 +101,7 @@ TEST_F(LoadTest, ExpandsByTheSizesOfTheHeader) {
     EXPECT_EQ(Loaded(true, Stored(stored.size(), stored)), stored) << "equal sizes mean plain data";
     EXPECT_EQ(Loaded(true, Stored(8, stored)), (ByteArray{1, 2, 1, 2, 1, 2, 0, 0}))
         << "a shorter expansion is filled up";
+    EXPECT_ERROR(507, Place(true, Stored(0, LzwCodes({256, 257}))).Load());
     EXPECT_ERROR_TEXT(507, "Error 559 while reading resource in TSTVOL.0.",
                       Place(true, Stored(5, stored)).Load());
     const ByteArray picture{0xF0, 0x40, 0x00, 0xFF};

@@ -303,6 +303,7 @@ void AGIResource::Load() {
                             : inGame_       ? ReadStoredResource(path, name, loc_, isV3)
                                             : ReadStoredFile(path, name);
     size_ = static_cast<std::int32_t>(stored.data.size());
+    if (size_ == 0) RaiseCatalogue(507, ErrorSource, std::to_string(reSubscript), name);
     if (isV3) ExpandStored(stored, resType_, name);
     data_ = std::move(stored.data);
     size_ = static_cast<std::int32_t>(data_.size());

@@ -28,10 +28,6 @@ auto ReadOr502(std::string_view name, Step&& step) {
     }
 }
 
-[[noreturn]] void Raise507(std::int32_t number, std::string_view name) {
-    RaiseCatalogue(507, AGIResource::ErrorSource, std::to_string(number), name);
-}
-
 std::int32_t WordAt(ByteView bytes, std::size_t pos) {
     return bytes[pos] + bytes[pos + 1] * 256;
 }
@@ -58,7 +54,6 @@ StoredResource TakeResource(ByteView bytes, std::string_view name, std::int32_t 
     stored.packedPicture = (header[2] & 0x80U) != 0;
     stored.expandedSize = WordAt(header, 3);
     const auto size = static_cast<std::size_t>(isV3 ? WordAt(header, 5) : stored.expandedSize);
-    if (size == 0) Raise507(reSubscript, name);
     const ByteView rest = bytes.subspan(std::min(bytes.size(), headerLength));
     const ByteView data = rest.first(std::min(rest.size(), size));
     stored.data.reserve(size);
@@ -86,7 +81,6 @@ StoredResource ReadStoredResource(std::string_view path, std::string_view name, 
 StoredResource ReadStoredFile(std::string_view path, std::string_view name) {
     StoredResource stored;
     stored.data = ReadOr502(name, [&] { return Files().Read(path); });
-    if (stored.data.empty()) Raise507(reSubscript, name);
     stored.expandedSize = Narrow<std::int32_t>(stored.data.size());
     return stored;
 }
@@ -102,7 +96,7 @@ void ExpandStored(StoredResource& stored, AGIResType type, std::string_view name
     } catch (...) {
         const Error error = CurrentError();
         RememberError(error);
-        Raise507(error.Number(), name);
+        RaiseCatalogue(507, AGIResource::ErrorSource, std::to_string(error.Number()), name);
     }
 }
 
@@ -257,6 +251,7 @@ class LzwExpansion {
 
 void ExpandV3(ByteArray& data, std::int32_t expandedSize) {
     try {
+        if (expandedSize == 0) RaiseRuntime(reSubscript);
         data = LzwExpansion(data, expandedSize).Run();
     } catch (...) {
         const Error error = CurrentError();

@@ -26,13 +26,13 @@ struct StoredResource {
 };
 
 /// Reads the resource whose header stands at `loc` of a volume file; `name` is the file's name for messages.
-/// Data that runs past the end of the file reads as zero bytes. Raises 502, 505, 506 and 507.
+/// Data that runs past the end of the file reads as zero bytes. Raises 502, 505 and 506.
 StoredResource ReadStoredResource(std::string_view path, std::string_view name, std::int32_t loc, bool isV3);
 
 /// The same in a volume's bytes from its beginning on.
 StoredResource StoredResourceIn(ByteView volume, std::string_view name, std::int32_t loc, bool isV3);
 
-/// Reads a whole file as a resource. Raises 502 and 507.
+/// Reads a whole file as a resource. Raises 502.
 StoredResource ReadStoredFile(std::string_view path, std::string_view name);
 
 /// Undoes the compression of a V3 resource in place; `name` is the file's name for messages. Raises 507.
