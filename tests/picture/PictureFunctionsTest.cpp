@@ -72,17 +72,9 @@ TEST(PictureEngine, PenShapesAndEdges) {
     };
     EXPECT_EQ(plot(0x00, 7, 7), (Points{{7, 7}}));
     EXPECT_EQ(plot(0x11, 10, 10), (Points{{9, 9}, {10, 9}, {9, 10}, {10, 10}, {9, 11}, {10, 11}}));
-    EXPECT_EQ(plot(0x02, 10, 10), (Points{{10, 8},
-                                          {9, 9},
-                                          {10, 9},
-                                          {11, 9},
-                                          {9, 10},
-                                          {10, 10},
-                                          {11, 10},
-                                          {9, 11},
-                                          {10, 11},
-                                          {11, 11},
-                                          {10, 12}}));
+    const Points round{{10, 8},  {9, 9},  {10, 9},  {11, 9},  {9, 10}, {10, 10},
+                       {11, 10}, {9, 11}, {10, 11}, {11, 11}, {10, 12}};
+    EXPECT_EQ(plot(0x02, 10, 10), round);
     EXPECT_EQ(plot(0x11, 0, 0), plot(0x11, 1, 1)) << "moved into the top left corner";
     // At the right the last column lands in the row below; at the bottom the last rows are lost.
     EXPECT_EQ(plot(0x11, 200, 1), (Points{{159, 0}, {159, 1}, {159, 2}, {0, 1}, {0, 2}, {0, 3}}));

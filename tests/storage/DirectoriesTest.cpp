@@ -65,7 +65,9 @@ TEST_F(DirectoriesTest, V3FilesOfEveryLength) {
         return RaisedBy([&] { game_.OpenGameDIR(gameDir); });
     };
     const auto refused = [&](const ByteArray& file) {
-        return Shown(open(file)) == "error -2147220962 (542): \\game\\TSTDIR is not a valid directory file.";
+        const auto error = open(file);
+        return error && error->Is(542) &&
+               error->Description() == "\\game\\TSTDIR is not a valid directory file.";
     };
     EXPECT_TRUE(refused({}));
     EXPECT_TRUE(refused({8, 0, 8, 0, 8, 0, 8, 0, 0, 0}));
