@@ -74,28 +74,26 @@ bool IsKeyword(std::string_view name) {
     return EqualNoCase(name, "if") || EqualNoCase(name, "else") || EqualNoCase(name, "goto");
 }
 
-/// The names that no other entry may take; the input prompt's is left out.
-std::vector<const TDefine*> NamesInUse() {
-    std::vector<const TDefine*> names;
-    for (std::size_t group = rgVariables; group <= rgGameInfo; ++group) {
-        for (const TDefine& entry : ReservedNames().Group(group)) {
-            if (entry.Type != atStr) names.push_back(&entry);
-        }
+/// True when another entry has the name and stands for something else; the input prompt's name is free.
+bool IsTaken(const TDefine& entry, const AGILogicSourceSettings& settings) {
+    const auto clashes = [&entry](const TDefine& other) {
+        // the texts of the game always differ in meaning, also while they are equal
+        const bool otherMeaning = other.Value != entry.Value || other.Type == atDefStr;
+        return other.Default != entry.Default && otherMeaning && EqualNoCase(other.Name, entry.Name);
+    };
+    for (const ArgTypeEnum type : {atVar, atFlag, atNum, atSObj, atDefStr}) {
+        const std::vector<TDefine> others = settings.ReservedDefines(type);
+        if (std::any_of(others.begin(), others.end(), clashes)) return true;
     }
-    return names;
+    return false;
 }
 
-bool NameIsGood(const TDefine& entry, const std::vector<const TDefine*>& namesInUse) {
+bool NameIsGood(const TDefine& entry, const AGILogicSourceSettings& settings) {
     const std::string& name = entry.Name;
     if (name == entry.Default) return true;
     if (name.empty() || IsNumeric(name) || IsKeyword(name) || LooksLikeArgument(name)) return false;
     if (ActionCommandNumber(name) >= 0 || TestCommandNumber(name) >= 0) return false;
-    if (std::any_of(name.begin(), name.end(), IsForbidden)) return false;
-    return std::none_of(namesInUse.begin(), namesInUse.end(), [&entry](const TDefine* other) {
-        // the texts of the game always differ in meaning, even while a compile has not filled them
-        const bool otherMeaning = other->Value != entry.Value || other->Type == atDefStr;
-        return other != &entry && otherMeaning && EqualNoCase(other->Name, entry.Name);
-    });
+    return !IsTaken(entry, settings) && std::none_of(name.begin(), name.end(), IsForbidden);
 }
 
 }  // namespace
@@ -148,11 +146,10 @@ void AGILogicSourceSettings::ResetResDefines() {
 }
 
 bool AGILogicSourceSettings::ValidateResDefs() {
-    const std::vector<const TDefine*> namesInUse = NamesInUse();
     bool allGood = true;
     for (std::size_t group = rgVariables; group <= rgGameInfo; ++group) {
         for (TDefine& entry : ReservedNames().Group(group)) {
-            if (NameIsGood(entry, namesInUse)) continue;
+            if (NameIsGood(entry, *this)) continue;
             entry.Name = entry.Default;
             allGood = false;
         }
