@@ -2,6 +2,7 @@
 
 #include "tests/support/CaseFile.h"
 #include "tests/support/LogicBytes.h"
+#include "zorvex/compiler/AGILogicSourceSettings.h"
 #include "zorvex/logic/Disassembly.h"
 #include "zorvex/logic/StringList.h"
 
@@ -50,6 +51,16 @@ TEST(LogDecode, ReportsLabelsMessagesAndWarnings) {
     EXPECT_EQ(logic.Messages[0].Literal, "\"x\"");
     EXPECT_FALSE(logic.Messages[0].Used);
     EXPECT_EQ(logic.Warnings, (std::vector<std::string>{"unknown message: 9 at position 7"}));
+}
+
+TEST(LogDecode, RefusesAnArgumentWithoutAName) {
+    AGILogicSourceSettings names;
+    names.ResDef(1, 3, "");
+    DecodeSettings settings;
+    settings.NamesAsText = true;
+    for (const ByteArray& code : {ByteArray{0x17, 3}, ByteArray{0xFF, 8, 3, 0xFF, 1, 0, 0}})
+        EXPECT_ERROR(688, DecodeLogic(LogicOf(code), settings, DecodeNames()));
+    names.ResetResDefines();
 }
 
 TEST(LogDecode, KeepsTheTextOfADamagedLogicSmall) {

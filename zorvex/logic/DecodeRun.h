@@ -101,6 +101,9 @@ class DecodeRun {
     /// Appends the source text of an argument; `variable` is the one that the number is assigned to or
     /// compared with.
     void ArgValue(std::uint8_t value, ArgTypeEnum type, int variable = noVariable);
+    /// The same for an argument between brackets. Fails where its reserved name was set to nothing: the text
+    /// would lack an argument.
+    void NeededArgValue(std::uint8_t value, ArgTypeEnum type);
     void NumberValue(std::uint8_t value, int variable);
     void FlagValue(std::uint8_t value);
     void ItemValue(std::uint8_t value);
