@@ -45,6 +45,7 @@ TEST(Sound, LoadTellsTheKindByTheFirstWord) {
         {"02 00", 3, 0, 0},
         {"03 00 08 00 08 00 08 00 FF FF", 0, 598, -1},
         {"00 08", 0, 598, -1},
+        {"", 0, 513, -1},
         {"08", 0, 9, -1},
         {"08 00", 0, 565, -1},
         {"08 00 06 00 08 00 08 00 FF FF", 0, 598, -1},  // an end before the start of the file
@@ -96,6 +97,8 @@ TEST(Sound, AnEditOfTheBytesShowsInTheTracksAndSurvivesASave) {
     sample.Export(dir.File("b.agi"));
     EXPECT_EQ(dir.Read("b.agi")[58], 77);
     EXPECT_EQ(sample.MIDIData()[48], 77);
+    EXPECT_EQ(NotesText(sample), "; ; ; ");
+    EXPECT_GT(sample.Length(), 0);
 }
 
 TEST(Sound, ClearAndUnloadLeaveTheirStates) {
@@ -134,6 +137,9 @@ TEST(Sound, SetSoundCopiesAllButThePlace) {
     EXPECT_TRUE(copy.DataDirty() && copy.WritePropState());
     copy.Track(1)->Notes()->Clear();
     EXPECT_EQ(source.Track(1)->Notes()->Count(), 1);
+    source.Track(3)->Instrument(6);
+    copy.SetSound(source);
+    EXPECT_EQ(copy.Track(3)->Instrument(), 80) << "noise has no instrument";
     source.Unload();
     copy.SetSound(source);
     EXPECT_FALSE(copy.Loaded());

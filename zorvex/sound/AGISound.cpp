@@ -156,7 +156,7 @@ void AGISound::LoadTracks() {
             tracks_[t]->Values(values);
         }
         outputSet_ = false;
-        length_ = DurationSeconds(longest);
+        length_ = HasNoteModel() ? DurationSeconds(longest) : -1;
     };
     Wrapped(565, read, {598});
     tracksSet_ = true;
@@ -245,7 +245,7 @@ void AGISound::Load() {
         tracksSet_ = false;
         outputSet_ = false;
         length_ = -1;
-        if (Resource().View().size() < 2) RaiseRuntime(reSubscript, AGIResource::ErrorSource);
+        if (Resource().View().size() < 2) Resource().ReadWord(0);  // raises: there is no kind to read
         const SoundKind kind = KindOfSound(Resource().View());
         if (kind == skNone) RaiseCatalogue(598, ErrorSource());
         sndFormat_ = kind;
@@ -291,8 +291,11 @@ void AGISound::SetSound(const AGISound& copySound) {
         ReleaseTracks();
         if (copySound.tracks_[0] != nullptr) {
             NewTracks(DefaultInstrument);
-            for (std::size_t t = 0; t < TrackCount; ++t)
-                tracks_[t]->Values(copySound.tracks_[t]->Values());
+            for (std::size_t t = 0; t < TrackCount; ++t) {
+                TrackData values = copySound.tracks_[t]->Values();
+                if (t == NoiseTrack) values.Instrument = DefaultInstrument;
+                tracks_[t]->Values(values);
+            }
         }
         outputSet_ = false;
         length_ = -1;
@@ -435,13 +438,13 @@ bool AGISound::ImportScript(ByteView file) {
         const SoundScript::Track& read = script.Tracks[t];
         TrackData values = tracks_[t]->Values();
         values.Notes = read.Notes;
-        values.Instrument = read.Instrument.value_or(values.Instrument);
-        values.Muted = read.Muted.value_or(values.Muted);
-        values.Visible = read.Visible.value_or(values.Visible);
         tracks_[t]->Values(values);
+        if (read.Instrument) tracks_[t]->Instrument(*read.Instrument);
+        if (read.Muted) tracks_[t]->Muted(*read.Muted);
+        if (read.Visible) tracks_[t]->Visible(*read.Visible);
     }
     NotesChanged();
-    return !Attempt([&] { CompileSound(); });
+    return !Attempt([&] { CompileSound(); }) && !script.PassedOver;
 }
 
 // --- Playing ---

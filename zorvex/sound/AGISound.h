@@ -102,9 +102,9 @@ class AGISound : public GameResource, public std::enable_shared_from_this<AGISou
     void Export(std::string_view exportFile, SoundFormat fileFormat = sfAGI, bool resetDirty = true);
     /// Replaces the sound by a raw PC/PCjr resource or a script; which one is told from the first two bytes.
     /// The file's name becomes the ID, Key becomes 0 and TPQN 16 unless a script says otherwise. The sound
-    /// then counts as saved. Raises 681, "Invalid sound resource file", for fewer than three bytes and for a
-    /// script with a bad line, which leaves the sound without notes and without ID. No other fault is
-    /// reported.
+    /// then counts as saved, unless a setting of the script was passed over. Raises 681, "Invalid sound
+    /// resource file", for fewer than three bytes and for a script with a bad line, which leaves the sound
+    /// without notes and without ID. No other fault is reported.
     void Import(std::string_view importFile);
     /// The number of the bad line, from 1, when the last Import met one; else 0.
     std::int32_t ImportErrorLine() const { return importErrorLine_; }

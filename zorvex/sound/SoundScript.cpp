@@ -60,6 +60,8 @@ class ScriptReader {
         noiseType_ = noiseType;
         if (track <= noiseTrack) {
             script_.Tracks[static_cast<std::size_t>(track)].Visible = true;
+        } else {
+            script_.PassedOver = true;
         }
     }
 
@@ -118,9 +120,10 @@ class ScriptReader {
         if (name == "description") {
             script_.Description = value;
         } else if (name == "tpqn") {
-            if (const auto number = ParseLong(value)) script_.TPQN = std::clamp(*number / 4 * 4, 4, 64);
+            if (const auto number = Taken(ParseLong(value)))
+                script_.TPQN = std::clamp(*number / 4 * 4, 4, 64);
         } else if (name == "key") {
-            if (const auto number = ParseLong(value)) script_.Key = std::clamp(*number, -7, 7);
+            if (const auto number = Taken(ParseLong(value))) script_.Key = std::clamp(*number, -7, 7);
         } else if (!name.empty() && name.back() >= '0' && name.back() <= '3') {
             ReadTrackSetting(std::string_view(name).substr(0, name.size() - 1),
                              static_cast<std::size_t>(name.back() - '0'), value);
@@ -130,14 +133,21 @@ class ScriptReader {
     void ReadTrackSetting(std::string_view name, std::size_t index, std::string_view value) {
         SoundScript::Track& track = script_.Tracks[index];
         if (name == "instrument" && index != NoiseTrack) {
-            const auto number = ParseLong(value);
-            if (number && *number >= 0 && *number <= 127)
-                track.Instrument = static_cast<std::uint8_t>(*number);
+            auto number = ParseLong(value);
+            if (number && (*number < 0 || *number > 127)) number.reset();
+            if (Taken(number)) track.Instrument = static_cast<std::uint8_t>(*number);
         } else if (name == "visible") {
-            if (const auto flag = ParseBool(value)) track.Visible = flag;
+            if (const auto flag = Taken(ParseBool(value))) track.Visible = flag;
         } else if (name == "muted") {
-            if (const auto flag = ParseBool(value)) track.Muted = flag;
+            if (const auto flag = Taken(ParseBool(value))) track.Muted = flag;
         }
+    }
+
+    // The value of a setting as it was read; one that could not be read leaves its trace.
+    template <class Value>
+    std::optional<Value> Taken(std::optional<Value> value) {
+        if (!value) script_.PassedOver = true;
+        return value;
     }
 
     static constexpr std::int32_t noiseTrack = static_cast<std::int32_t>(NoiseTrack);

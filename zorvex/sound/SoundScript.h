@@ -25,6 +25,8 @@ struct SoundScript {
     std::optional<std::string> Description;  // host text
     std::optional<std::int32_t> TPQN;
     std::optional<std::int32_t> Key;
+    /// A setting was given in no readable form, or a track that does not exist was begun.
+    bool PassedOver = false;
     /// The number, from 1, of the line at which reading stopped; 0 when all lines could be read.
     std::int32_t BadLine = 0;
 };
