@@ -7,8 +7,8 @@
 
 #include "tests/support/ScratchGame.h"
 #include "zorvex/compiler/LogCompile.h"
-#include "zorvex/game/AGIGameEvents.h"
-#include "zorvex/game/LibraryState.h"
+#include "zorvex/state/AGIGameEvents.h"
+#include "zorvex/state/LibraryState.h"
 
 namespace {
 

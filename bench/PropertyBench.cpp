@@ -5,9 +5,9 @@
 #include <numeric>
 #include <string>
 
-#include "zorvex/game/LibraryState.h"
-#include "zorvex/game/PropertyFile.h"
-#include "zorvex/logic/StringList.h"
+#include "zorvex/base/StringList.h"
+#include "zorvex/state/LibraryState.h"
+#include "zorvex/state/PropertyFile.h"
 
 namespace {
 

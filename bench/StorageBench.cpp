@@ -9,12 +9,12 @@
 #include <string>
 
 #include "fuzz/LzwEncoder.h"
+#include "zorvex/base/Error.h"
 #include "zorvex/game/AGIGame.h"
-#include "zorvex/game/Error.h"
-#include "zorvex/game/LibraryState.h"
 #include "zorvex/logic/AGILogics.h"
 #include "zorvex/picture/AGIPictures.h"
 #include "zorvex/platform/FileSystem.h"
+#include "zorvex/state/LibraryState.h"
 #include "zorvex/storage/ResourceFunctions.h"
 #include "zorvex/storage/VolManager.h"
 

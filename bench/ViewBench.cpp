@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-#include "zorvex/game/Error.h"
+#include "zorvex/base/Error.h"
 #include "zorvex/view/AGIView.h"
 #include "zorvex/view/ViewCodec.h"
 

@@ -11,13 +11,13 @@
 
 #include "fuzz/Check.h"
 #include "tests/support/ScratchGame.h"
+#include "zorvex/base/CodePage.h"
+#include "zorvex/base/Error.h"
+#include "zorvex/base/StringList.h"
+#include "zorvex/base/Text.h"
 #include "zorvex/compiler/LogCompile.h"
-#include "zorvex/game/Error.h"
-#include "zorvex/game/Helpers.h"
-#include "zorvex/game/LibraryState.h"
-#include "zorvex/game/Text.h"
-#include "zorvex/logic/LogDecode.h"
-#include "zorvex/logic/StringList.h"
+#include "zorvex/decompiler/LogDecode.h"
+#include "zorvex/state/LibraryState.h"
 
 using namespace zorvex;
 

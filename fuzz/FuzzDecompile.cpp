@@ -9,10 +9,10 @@
 #include <string>
 
 #include "fuzz/Check.h"
-#include "zorvex/compiler/AGICommandFunctions.h"
-#include "zorvex/game/Error.h"
-#include "zorvex/logic/Disassembly.h"
-#include "zorvex/logic/LogDecode.h"
+#include "zorvex/base/Error.h"
+#include "zorvex/decompiler/Disassembly.h"
+#include "zorvex/decompiler/LogDecode.h"
+#include "zorvex/language/AGICommandFunctions.h"
 
 using namespace zorvex;
 

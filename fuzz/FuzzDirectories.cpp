@@ -9,10 +9,10 @@
 
 #include "fuzz/Check.h"
 #include "tests/support/FailingFiles.h"
+#include "zorvex/base/Faults.h"
 #include "zorvex/game/AGIGame.h"
-#include "zorvex/game/Faults.h"
-#include "zorvex/game/LibraryState.h"
 #include "zorvex/platform/FileSystem.h"
+#include "zorvex/state/LibraryState.h"
 #include "zorvex/storage/ResourceCollection.h"
 
 namespace {

@@ -5,7 +5,7 @@
 
 #include "fuzz/Check.h"
 #include "fuzz/LzwEncoder.h"
-#include "zorvex/game/Faults.h"
+#include "zorvex/base/Faults.h"
 #include "zorvex/storage/ResourceFunctions.h"
 
 namespace {

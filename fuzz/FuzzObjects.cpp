@@ -4,8 +4,8 @@
 #include <string>
 
 #include "fuzz/Check.h"
-#include "zorvex/game/Error.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/base/Error.h"
+#include "zorvex/base/Text.h"
 #include "zorvex/vocab/AGIInventoryObjects.h"
 #include "zorvex/vocab/ObjectFile.h"
 #include "zorvex/vocab/ObjectText.h"

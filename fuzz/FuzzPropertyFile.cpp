@@ -4,14 +4,14 @@
 
 #include "fuzz/Check.h"
 #include "tests/support/FailingFiles.h"
-#include "zorvex/game/Faults.h"
-#include "zorvex/game/GameProperties.h"
-#include "zorvex/game/LibraryState.h"
-#include "zorvex/game/OldPropertyFile.h"
-#include "zorvex/game/PropertyFile.h"
-#include "zorvex/game/PropertyText.h"
-#include "zorvex/logic/StringList.h"
+#include "zorvex/base/Faults.h"
+#include "zorvex/base/StringList.h"
 #include "zorvex/platform/FileSystem.h"
+#include "zorvex/state/GameProperties.h"
+#include "zorvex/state/LibraryState.h"
+#include "zorvex/state/OldPropertyFile.h"
+#include "zorvex/state/PropertyFile.h"
+#include "zorvex/state/PropertyText.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 #include <algorithm>
 
 #include "fuzz/Check.h"
-#include "zorvex/game/Error.h"
+#include "zorvex/base/Error.h"
 #include "zorvex/platform/Media.h"
 #include "zorvex/sound/AGISound.h"
 #include "zorvex/sound/SoundCodec.h"

@@ -1,6 +1,6 @@
 // Sound scripts: whatever can be read comes back from the script written of it.
 #include "fuzz/Check.h"
-#include "zorvex/game/HostText.h"
+#include "zorvex/base/HostText.h"
 #include "zorvex/sound/SoundScript.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "fuzz/Check.h"
-#include "zorvex/game/Error.h"
+#include "zorvex/base/Error.h"
 #include "zorvex/view/AGIView.h"
 #include "zorvex/view/ViewCodec.h"
 

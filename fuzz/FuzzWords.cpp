@@ -2,7 +2,7 @@
 #include <algorithm>
 
 #include "fuzz/Check.h"
-#include "zorvex/game/Error.h"
+#include "zorvex/base/Error.h"
 #include "zorvex/vocab/WordsFile.h"
 #include "zorvex/vocab/WordsText.h"
 

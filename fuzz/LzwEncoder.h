@@ -5,7 +5,7 @@
 #include <map>
 #include <utility>
 
-#include "zorvex/game/Types.h"
+#include "zorvex/base/Types.h"
 
 namespace zorvex::fuzz {
 

@@ -1,7 +1,8 @@
 // What a compile does to the logic, to the game and to a host that listens.
 #include "tests/support/ScratchGame.h"
+#include "zorvex/base/Internal.h"
 #include "zorvex/compiler/LogCompile.h"
-#include "zorvex/game/GameProperties.h"
+#include "zorvex/state/GameProperties.h"
 #include "zorvex/vocab/AGIInventoryObjects.h"
 
 namespace zorvex::test {
@@ -144,7 +145,7 @@ TEST(CompileLogic, HandlersDoNoDamage) {
 
     // Taking the logic out of the game while it is compiled costs nothing either.
     const auto removing = Library().Events->LogCompWarning.Subscribe(
-        [&](const std::string&, std::uint8_t) { Library().Logics->ClearCollection(); });
+        [&](const std::string&, std::uint8_t) { Library().Logics->ClearCollection(Internal()); });
     EXPECT_EQ(RaisedBy([&] { CompileLogic(*Library().Logics->Item(1)); }), std::nullopt);
 }
 

@@ -2,10 +2,10 @@
 #include <filesystem>
 
 #include "zorvex/Zorvex.h"
+#include "zorvex/base/StringList.h"
 #include "zorvex/compiler/LogCompile.h"
+#include "zorvex/decompiler/LogDecode.h"
 #include "zorvex/logic/AGILogics.h"
-#include "zorvex/logic/LogDecode.h"
-#include "zorvex/logic/StringList.h"
 
 namespace zorvex::test {
 

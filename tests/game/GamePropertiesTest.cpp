@@ -1,10 +1,10 @@
-#include "zorvex/game/GameProperties.h"
+#include "zorvex/state/GameProperties.h"
 
 #include "tests/support/CaseFile.h"
 #include "tests/support/FailingFiles.h"
-#include "zorvex/game/OldPropertyFile.h"
-#include "zorvex/game/PropertyFile.h"
-#include "zorvex/logic/StringList.h"
+#include "zorvex/base/StringList.h"
+#include "zorvex/state/OldPropertyFile.h"
+#include "zorvex/state/PropertyFile.h"
 
 namespace zorvex::test {
 

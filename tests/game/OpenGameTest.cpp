@@ -2,6 +2,7 @@
 #include "tests/support/FailingFiles.h"
 #include "tests/support/GameBuilder.h"
 #include "zorvex/Zorvex.h"
+#include "zorvex/base/Internal.h"
 #include "zorvex/game/GameDetection.h"
 
 namespace zorvex::test {
@@ -149,7 +150,7 @@ TEST_F(OpenGameTest, PropertiesMayBeOneByteACharacter) {
 
 TEST_F(OpenGameTest, ALoadThatFailsClosesTheGame) {
     game.OpenGameDIR("\\game");
-    EXPECT_ERROR(545, game.FinishGameLoad());
+    EXPECT_ERROR(545, game.FinishGameLoad(Internal()));
     ExpectClosed();
 }
 

@@ -2,7 +2,7 @@
 #include "zorvex/logic/AGILogic.h"
 
 #include "tests/support/ScratchGame.h"
-#include "zorvex/game/GameProperties.h"
+#include "zorvex/state/GameProperties.h"
 
 namespace zorvex::test {
 

@@ -1,8 +1,8 @@
 #include "tests/support/GameBuilder.h"
 #include "tests/support/RealGames.h"
 #include "zorvex/game/AGIGame.h"
-#include "zorvex/game/GameProperties.h"
 #include "zorvex/picture/AGIPictures.h"
+#include "zorvex/state/GameProperties.h"
 
 namespace zorvex::test {
 namespace {

@@ -1,4 +1,5 @@
 #include "tests/sound/SoundSupport.h"
+#include "zorvex/base/Internal.h"
 
 namespace zorvex::test {
 namespace {
@@ -73,7 +74,7 @@ TEST(Sound, LengthCountsMutedTracksOnlyAsLongAsNothingChanged) {
     Library().PropertyList->Assign("test.zvg\n[Sound12]\n   ID = Bell\n   Mute0 = True\n   Inst1 = 200\n",
                                    "\n");
     AGISound sound;
-    sound.InitInGame(12, -1, -1);
+    sound.InitInGame(Internal(), 12, -1, -1);
     LoadBytes(sound, "08 00 0F 00 16 00 18 00 78 00 0B 8E 90 FF FF 3C 00 0B AE B0 FF FF FF FF FF FF");
     EXPECT_EQ(sound.Length(), 2.0F);
     EXPECT_EQ(sound.Track(0)->Length(), 2.0F);

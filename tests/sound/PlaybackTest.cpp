@@ -1,5 +1,6 @@
 #include "tests/sound/SoundSupport.h"
 #include "tests/support/FailingFiles.h"
+#include "zorvex/base/Internal.h"
 #include "zorvex/sound/SndSubclass.h"
 
 namespace zorvex::test {
@@ -134,11 +135,11 @@ TEST_F(Playback, AFailedStartLeavesNothingPlaying) {
 
 TEST_F(Playback, ASoundOfAGamePlaysOnWhenTheGameCloses) {
     const OpenPropertyList game;
-    sound->Resource().Init(3, -1, -1);
+    sound->Resource().Init(Internal(), 3, -1, -1);
     sound->PlaySound();
     const std::weak_ptr<AGISound> watched = sound;
     sound.reset();
-    Library().Sounds->ClearCollection();
+    Library().Sounds->ClearCollection(Internal());
     EXPECT_FALSE(watched.expired());
     Post(NoticeSuccessful);
     EXPECT_EQ(told, std::vector<bool>{true});

@@ -4,7 +4,7 @@
 #include <map>
 
 #include "tests/support/CaseFile.h"
-#include "zorvex/logic/StringList.h"
+#include "zorvex/base/StringList.h"
 #include "zorvex/platform/Media.h"
 #include "zorvex/sound/AGISounds.h"
 #include "zorvex/sound/SoundData.h"
@@ -55,7 +55,9 @@ struct OpenPropertyList : LibraryReset {
     OpenPropertyList() {
         Library().PropertyList = std::make_shared<StringList>();
         Library().PropertyList->Add("test.zvg");
-        Library().Sounds = std::make_shared<AGISounds>();
+        Library().Sounds = std::make_shared<AGISounds>(Internal());
+        Library().Collections[rtSound] = Library().Sounds.get();
+        BeginGameSession();
     }
     std::string Text() const { return Library().PropertyList->Text("\n"); }
 };

@@ -97,18 +97,24 @@ TEST(AGIResource, TellsOfEachChangeOfContent) {
 }
 
 TEST(AGIResource, ShowsItsPlaceOnlyInAGame) {
+    const LibraryReset reset;
+    BeginGameSession();
+    const Internal key;
     AGIResource resource;
-    resource.ResFile("a.bin");
-    resource.Volume(3);
-    resource.Loc(30);
+    resource.ResFile(key, "a.bin");
+    resource.Volume(key, 3);
+    resource.Loc(key, 30);
     EXPECT_EQ(resource.Volume(), -1);
     EXPECT_EQ(resource.SizeInVol(), -1);
     EXPECT_EQ(resource.ResFile(), "a.bin");
-    resource.InGame(true);
+    resource.Init(key, 7, 3, 30);
     EXPECT_EQ(resource.Volume(), 3);
     EXPECT_EQ(resource.Loc(), 30);
     EXPECT_EQ(resource.ResFile(), "");
     EXPECT_ERROR(510, resource.NewResource());
+    EndGameSession(Library());
+    EXPECT_EQ(resource.Volume(), -1);
+    resource.NewResource();
 }
 
 TEST(AGIResource, GoesToAFileAndComesBack) {

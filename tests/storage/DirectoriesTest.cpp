@@ -1,5 +1,5 @@
 // Opening a game by its directory files: every length, damaged entries, and what is said of them.
-#include "tests/storage/StorageTest.h"
+#include "tests/support/StorageTest.h"
 #include "zorvex/storage/V3Directory.h"
 
 namespace zorvex::test {

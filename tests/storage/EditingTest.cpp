@@ -1,6 +1,7 @@
 // The collections: what they hold, and adding, removing and renumbering resources.
-#include "tests/storage/StorageTest.h"
-#include "zorvex/game/GameProperties.h"
+#include "tests/support/StorageTest.h"
+#include "zorvex/base/Internal.h"
+#include "zorvex/state/GameProperties.h"
 
 namespace zorvex::test {
 namespace {
@@ -39,7 +40,7 @@ TEST_F(EditingTest, CollectionsAnswerByNumberAndWalkInOrder) {
     EXPECT_TRUE(game_.Pictures().Exists(3));
     EXPECT_ERROR_TEXT(617, "Invalid resource number", game_.Pictures().Item(4));
     const auto former = game_.Logics().Item(2);
-    EXPECT_ERROR(602, game_.Logics().LoadEntry(2, 0, 0));
+    EXPECT_ERROR(602, game_.Logics().LoadEntry(Internal(), 2, 0, 0));
     EXPECT_ERROR(602, game_.Logics().Add(2));
     EXPECT_EQ(game_.Logics().Item(2), former);
     game_.CloseGame();
@@ -69,9 +70,11 @@ TEST_F(EditingTest, AddMakesIDsUniqueAndGrowsTheDirectory) {
     EXPECT_NE(third->Loc(), logic->Loc());
     files_->FailAt(1, reDiskFull);
     EXPECT_RAISED(raised->Is(649) && Has(raised->Description(), "61:"), game_.Views().Add(9));
-    EXPECT_TRUE(game_.Views().Exists(9)) << "it stays, incomplete";
+    EXPECT_FALSE(game_.Views().Exists(9));
+    EXPECT_EQ(ReadGameString("View9", "ID", "none"), "none");
     files_->Heal();
     const ByteArray sounds = Directory("SNDDIR");
+    game_.Views().Add(9);
     game_.Views().Remove(9);
     EXPECT_EQ(Directory("VIEWDIR").size(), 6U);
     EXPECT_EQ(Directory("SNDDIR"), sounds);
@@ -80,21 +83,19 @@ TEST_F(EditingTest, AddMakesIDsUniqueAndGrowsTheDirectory) {
 
 TEST_F(EditingTest, AnEntryGoesToItsOwnNumberWhateverElseIsMissing) {
     files_->KillAt(2);  // the bytes are written, the directory is not
-    game_.Views().Add(9);
+    EXPECT_ERROR(649, game_.Views().Add(9));
     files_->Heal();
     game_.Views().Add(5);
-    game_.Views().Remove(9);
     EXPECT_EQ(Difference(ReadModel(gameDir), LoadedModel()), "");
 
     OpenV3();
     const auto removed = game_.Logics().Item(2);
     game_.Logics().Remove(2);
-    const Model others = LoadedModel();
-    removed->Load();
-    removed->Resource().Save();
-    Model all = others;
-    all[{rtLogic, 2}] = removed->AllData();
-    EXPECT_EQ(Difference(ReadModel(gameDir, "TST"), all), "") << "no entry of another kind is written over";
+    EXPECT_FALSE(removed->InGame());
+    EXPECT_ERROR(626, removed->Load());
+    removed->NewResource();
+    EXPECT_ERROR(599, removed->Resource().Save());
+    EXPECT_EQ(Difference(ReadModel(gameDir, "TST"), LoadedModel()), "");
 }
 
 TEST_F(EditingTest, WhereNoNewFileCanBeMadeDirectoriesAreStillEdited) {

@@ -3,6 +3,7 @@
 #include "tests/support/FailingFiles.h"
 #include "tests/support/RealGames.h"
 #include "zorvex/Zorvex.h"
+#include "zorvex/base/Internal.h"
 #include "zorvex/storage/ResourceFunctions.h"
 #include "zorvex/storage/V3Directory.h"
 
@@ -13,6 +14,7 @@ namespace {
 class LoadTest : public testing::Test {
   protected:
     LoadTest() {
+        BeginGameSession();
         Library().GameDir = "\\game\\";
         Library().GameID = "TST";
         files_->MakeDirectory("\\game");
@@ -22,8 +24,8 @@ class LoadTest : public testing::Test {
         Library().IsV3 = isV3;
         files_->Write(isV3 ? "\\game\\TSTVOL.0" : "\\game\\VOL.0", volume);
         resource_ = AGIResource();
-        resource_.ResType(type);
-        resource_.Init(1, 0, loc);
+        resource_.ResType(Internal(), type);
+        resource_.Init(Internal(), 1, 0, loc);
         return resource_;
     }
 

@@ -14,7 +14,7 @@
 // a diff.
 #pragma once
 
-#include "zorvex/game/Types.h"
+#include "zorvex/base/Types.h"
 
 namespace zorvex::test {
 

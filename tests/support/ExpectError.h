@@ -1,7 +1,7 @@
 // Expectations about raised errors.
 #pragma once
 
-#include "zorvex/game/Error.h"
+#include "zorvex/base/Error.h"
 
 namespace zorvex::test {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <limits>
 
-#include "zorvex/game/Error.h"
-#include "zorvex/game/LibraryState.h"
+#include "zorvex/base/Error.h"
+#include "zorvex/state/LibraryState.h"
 
 namespace zorvex::test {
 
@@ -83,13 +83,10 @@ std::string FailingFileSystem::UniqueTempFile(std::string_view directory, std::s
     return path;
 }
 
-MemoryFiles::MemoryFiles() : before_(UseFileSystem(files_)), tempDirBefore_(Library().TempDir) {
-    Library().TempDir = files_->TempDirectory();
-}
+MemoryFiles::MemoryFiles() : before_(UseFileSystem(files_)) {}
 
 MemoryFiles::~MemoryFiles() {
     UseFileSystem(before_);
-    Library().TempDir = tempDirBefore_;
 }
 
 }  // namespace zorvex::test

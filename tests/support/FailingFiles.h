@@ -70,7 +70,6 @@ class MemoryFiles {
   private:
     std::shared_ptr<FailingFileSystem> files_ = std::make_shared<FailingFileSystem>();
     std::shared_ptr<FileSystem> before_;
-    std::string tempDirBefore_;
 };
 
 }  // namespace zorvex::test

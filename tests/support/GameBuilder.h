@@ -10,7 +10,7 @@
 #include <map>
 #include <string>
 
-#include "zorvex/game/Types.h"
+#include "zorvex/base/Types.h"
 
 namespace zorvex::test {
 

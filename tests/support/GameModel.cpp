@@ -1,9 +1,10 @@
 #include "tests/support/GameModel.h"
+#include "zorvex/base/Internal.h"
 
 #include <gtest/gtest.h>
 
 #include "tests/support/RealGames.h"
-#include "zorvex/game/Faults.h"
+#include "zorvex/base/Faults.h"
 #include "zorvex/platform/FileSystem.h"
 #include "zorvex/storage/GameFileNames.h"
 #include "zorvex/storage/ResourceCollection.h"
@@ -81,8 +82,8 @@ Model LoadedModel() {
     for (const AGIResType type : allTypes) {
         for (const auto& member : CollectionOf(type)->Members()) {
             AGIResource resource;
-            resource.ResType(type);
-            resource.Init(member->Number(), member->Volume(), member->Loc());
+            resource.ResType(Internal(), type);
+            resource.Init(Internal(), member->Number(), member->Volume(), member->Loc());
             ByteArray& bytes = model[{type, member->Number()}];
             if (!Attempt([&] { resource.Load(); })) bytes = resource.AllData();
         }

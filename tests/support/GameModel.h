@@ -6,7 +6,7 @@
 
 #include <map>
 
-#include "zorvex/game/Types.h"
+#include "zorvex/base/Types.h"
 
 namespace zorvex::test {
 

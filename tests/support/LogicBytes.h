@@ -4,9 +4,9 @@
 #include <map>
 #include <string>
 
-#include "zorvex/game/Text.h"
-#include "zorvex/logic/LogDecode.h"
-#include "zorvex/logic/MessageSection.h"
+#include "zorvex/base/Text.h"
+#include "zorvex/decompiler/LogDecode.h"
+#include "zorvex/language/MessageSection.h"
 #include "zorvex/storage/AGIResource.h"
 
 namespace zorvex::test {

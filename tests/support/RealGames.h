@@ -4,8 +4,9 @@
 #include <nlohmann/json.hpp>
 
 #include "tests/support/TestFiles.h"
-#include "zorvex/game/LibraryState.h"
+#include "zorvex/base/Internal.h"
 #include "zorvex/platform/FileSystem.h"
+#include "zorvex/state/LibraryState.h"
 #include "zorvex/storage/GameResource.h"
 
 namespace zorvex::test {
@@ -27,6 +28,7 @@ template <class Resource, class Step>
 void ForEachReal(Step step) {
     SKIP_WITHOUT_GAMES();
     const LibraryReset reset;
+    BeginGameSession();
     for (const std::string& name : RealGames()) {
         const nlohmann::json game = ExpectedOf(name);
         Library().GameDir = CDir(InnerPath(RealGame(name)));
@@ -38,7 +40,8 @@ void ForEachReal(Step step) {
             if (expected.at("type") != type) continue;
             SCOPED_TRACE(name + " " + type + " " + expected.at("number").dump());
             resource.Resource().Unload();
-            resource.Resource().Init(expected.at("number"), expected.at("volume"), expected.at("location"));
+            resource.Resource().Init(Internal(), expected.at("number"), expected.at("volume"),
+                                     expected.at("location"));
             step(resource, expected);
         }
     }

@@ -1,12 +1,12 @@
 #include "tests/support/ScratchGame.h"
 
 #include "tests/support/GameBuilder.h"
-#include "zorvex/compiler/AGICommandFunctions.h"
+#include "zorvex/base/Error.h"
+#include "zorvex/base/Text.h"
 #include "zorvex/compiler/LogCompile.h"
-#include "zorvex/game/Error.h"
-#include "zorvex/game/LibraryState.h"
-#include "zorvex/game/Text.h"
-#include "zorvex/logic/LogDecode.h"
+#include "zorvex/decompiler/LogDecode.h"
+#include "zorvex/language/AGICommandFunctions.h"
+#include "zorvex/state/LibraryState.h"
 #include "zorvex/vocab/AGIInventoryObjects.h"
 #include "zorvex/vocab/AGIWordList.h"
 

@@ -16,10 +16,10 @@
 #include <vector>
 
 #include "tests/support/FailingFiles.h"
-#include "zorvex/compiler/AGILogicSourceSettings.h"
 #include "zorvex/game/AGIGame.h"
-#include "zorvex/game/AGIGameEvents.h"
+#include "zorvex/language/AGILogicSourceSettings.h"
 #include "zorvex/logic/AGILogics.h"
+#include "zorvex/state/AGIGameEvents.h"
 
 namespace zorvex::test {
 

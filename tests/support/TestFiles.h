@@ -8,10 +8,15 @@
 
 #include <filesystem>
 
-#include "zorvex/game/Helpers.h"
-#include "zorvex/game/LibraryState.h"
-#include "zorvex/game/PropertyFile.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/base/CheckSum.h"
+#include "zorvex/base/CodePage.h"
+#include "zorvex/base/Internal.h"
+#include "zorvex/base/PathText.h"
+#include "zorvex/base/Text.h"
+#include "zorvex/platform/FileQueries.h"
+#include "zorvex/state/GameSession.h"
+#include "zorvex/state/LibraryState.h"
+#include "zorvex/state/PropertyFile.h"
 #include "zorvex/storage/GameResource.h"
 
 namespace zorvex::test {
@@ -35,7 +40,10 @@ struct LibraryReset {
     LibraryReset() = default;
     LibraryReset(const LibraryReset&) = delete;
     LibraryReset& operator=(const LibraryReset&) = delete;
-    ~LibraryReset() { Library() = LibraryState(); }
+    ~LibraryReset() {
+        EndGameSession(Library());
+        Library() = LibraryState();
+    }
 };
 
 /// A new empty directory that goes, with all in it, at the end of the scope. It works on the machine's own
@@ -76,6 +84,7 @@ class TempDir {
 /// Makes a directory that of the open game, with an empty property list, until the end of the scope.
 struct OpenDirectory : LibraryReset {
     explicit OpenDirectory(const TempDir& dir) {
+        BeginGameSession();
         Library().GameDir = dir.Path();
         Library().PropertyList = OpenPropertyList(dir.File("TEST.zvg"), false);
     }

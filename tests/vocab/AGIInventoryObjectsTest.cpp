@@ -1,3 +1,4 @@
+#include "zorvex/base/Internal.h"
 #include "zorvex/vocab/AGIInventoryObjects.h"
 #include "zorvex/vocab/ObjectFile.h"
 
@@ -61,7 +62,7 @@ TEST_F(InventoryTest, AnAmigaFileBecomesAnOrdinaryOne) {
     dir.Write("OBJECT", EncodeObjectFile(amiga));
     const OpenDirectory open(dir);
     AGIInventoryObjects items;
-    items.JoinGame(false);
+    items.JoinGame(Internal(), false);
     items.Load();
     items.AmigaOBJ(false);
     EXPECT_EQ(dir.Read("OBJECT.amg"), EncodeObjectFile(amiga));

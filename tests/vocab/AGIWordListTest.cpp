@@ -1,3 +1,4 @@
+#include "zorvex/base/Internal.h"
 #include "zorvex/vocab/AGIWordList.h"
 
 namespace zorvex::test {
@@ -86,7 +87,7 @@ TEST_F(WordListTest, WritesNoListWithoutWords) {
     list.AddGroup(4);
     EXPECT_ERROR_TEXT(672, "WORDS.TOK compile error(no words to add)", list.Save(dir.File("w.tok")));
     const OpenDirectory open(dir);
-    list.JoinGame(true);
+    list.JoinGame(Internal(), true);
     list.AddWord("word", 4);
     list.Save();
     EXPECT_NE(Library().LastEdit, DateTime{});

@@ -1,4 +1,5 @@
 // What holds for word lists and inventories alike.
+#include "zorvex/base/Internal.h"
 #include "zorvex/vocab/AGIInventoryObjects.h"
 #include "zorvex/vocab/AGIWordList.h"
 
@@ -87,7 +88,7 @@ TYPED_TEST(GameListTest, AFailedLoadLeavesNothing) {
     EXPECT_ERROR(TypeParam::Unreadable, other.Load(dir.File("bad")));
     EXPECT_ERROR(TypeParam::Unreadable, other.Load(dir.File("empty")));
     const OpenDirectory open(dir);
-    other.JoinGame(false);
+    other.JoinGame(Internal(), false);
     EXPECT_ERROR(TypeParam::Unreadable, other.Load());
     EXPECT_FALSE(other.Loaded());
 }
@@ -117,7 +118,7 @@ TYPED_TEST(GameListTest, ThatOfAGameKeepsItsFileAndItsDescriptionWithTheGame) {
     auto& other = this->second;
     this->first.Save(dir.File(TypeParam::Files[0]));
     const OpenDirectory open(dir);
-    other.JoinGame(false);
+    other.JoinGame(Internal(), false);
     std::string file = "elsewhere";
     other.Load(file);
     EXPECT_EQ(file, dir.File(TypeParam::Files[0]));

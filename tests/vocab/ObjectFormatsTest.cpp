@@ -1,5 +1,5 @@
 #include "tests/support/CaseFile.h"
-#include "zorvex/game/ScrambleKey.h"
+#include "zorvex/base/ScrambleKey.h"
 #include "zorvex/vocab/ObjectFile.h"
 #include "zorvex/vocab/ObjectText.h"
 

@@ -13,8 +13,8 @@
 #include "tools/zorvex/Json.h"
 #include "tools/zorvex/OpenedGame.h"
 #include "tools/zorvex/Resources.h"
-#include "zorvex/game/Helpers.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/base/PathText.h"
+#include "zorvex/base/Text.h"
 #include "zorvex/storage/GameFileNames.h"
 
 namespace zorvex::tool {

@@ -7,7 +7,7 @@
 #include "tools/zorvex/OpenedGame.h"
 #include "tools/zorvex/Resources.h"
 #include "tools/zorvex/SingleLogic.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/base/Text.h"
 
 namespace zorvex::tool {
 

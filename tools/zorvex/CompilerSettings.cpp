@@ -1,8 +1,8 @@
 #include "tools/zorvex/CompilerSettings.h"
 
 #include "tools/zorvex/Command.h"
-#include "zorvex/game/Helpers.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/base/Text.h"
+#include "zorvex/platform/FileQueries.h"
 
 namespace zorvex::tool {
 

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "zorvex/game/Text.h"
+#include "zorvex/base/Text.h"
 #include "zorvex/platform/FileSystem.h"
 
 namespace zorvex::tool {

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "zorvex/game/Error.h"
+#include "zorvex/base/Error.h"
 
 namespace zorvex::tool {
 

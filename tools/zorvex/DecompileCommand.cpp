@@ -7,8 +7,8 @@
 #include "tools/zorvex/Json.h"
 #include "tools/zorvex/OpenedGame.h"
 #include "tools/zorvex/Resources.h"
-#include "zorvex/game/Helpers.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/base/CodePage.h"
+#include "zorvex/base/Text.h"
 
 namespace zorvex::tool {
 

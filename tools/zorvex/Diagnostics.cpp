@@ -5,9 +5,9 @@
 #include <filesystem>
 
 #include "tools/zorvex/Console.h"
+#include "zorvex/base/CodePage.h"
+#include "zorvex/base/Text.h"
 #include "zorvex/compiler/LogCompile.h"
-#include "zorvex/game/Helpers.h"
-#include "zorvex/game/Text.h"
 
 namespace fs = std::filesystem;
 

@@ -6,7 +6,7 @@
 #include <iterator>
 #include <optional>
 
-#include "zorvex/game/Text.h"
+#include "zorvex/base/Text.h"
 #include "zorvex/platform/FileSystem.h"
 #include "zorvex/storage/V3Directory.h"
 

@@ -5,7 +5,7 @@
 #include "tools/zorvex/Json.h"
 #include "tools/zorvex/OpenedGame.h"
 #include "tools/zorvex/Resources.h"
-#include "zorvex/game/Helpers.h"
+#include "zorvex/base/Text.h"
 
 namespace zorvex::tool {
 

@@ -1,7 +1,6 @@
 #include "tools/zorvex/GameText.h"
 
-#include "zorvex/game/Helpers.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/base/Text.h"
 
 namespace zorvex::tool {
 

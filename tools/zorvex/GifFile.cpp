@@ -9,7 +9,7 @@
 #include <string>
 #include <utility>
 
-#include "zorvex/game/Error.h"
+#include "zorvex/base/Error.h"
 
 namespace zorvex::tool {
 

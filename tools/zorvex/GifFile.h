@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "tools/zorvex/PngFile.h"
-#include "zorvex/game/Types.h"
+#include "zorvex/base/Types.h"
 
 namespace zorvex::tool {
 

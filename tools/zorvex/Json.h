@@ -3,7 +3,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "zorvex/game/Error.h"
+#include "zorvex/base/Error.h"
 
 namespace zorvex::tool {
 

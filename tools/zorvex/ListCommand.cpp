@@ -6,7 +6,9 @@
 #include "tools/zorvex/Json.h"
 #include "tools/zorvex/OpenedGame.h"
 #include "tools/zorvex/Resources.h"
-#include "zorvex/game/Helpers.h"
+#include "zorvex/base/CheckSum.h"
+#include "zorvex/base/Internal.h"
+#include "zorvex/base/Text.h"
 
 namespace zorvex::tool {
 
@@ -51,9 +53,9 @@ Json RowOf(const std::string& id, AGIResource& resource) {
 /// The row of a resource that the load has taken out of the directory.
 Json RowOf(const SkippedResource& skipped) {
     AGIResource resource;
-    resource.ResType(skipped.Type);
+    resource.ResType(Internal(), skipped.Type);
     resource.Unload();
-    resource.Init(skipped.Number, skipped.Volume, skipped.Location);
+    resource.Init(Internal(), skipped.Number, skipped.Volume, skipped.Location);
     return RowOf("", resource);
 }
 

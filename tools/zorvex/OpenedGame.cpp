@@ -9,7 +9,7 @@
 #include "tools/zorvex/Console.h"
 #include "tools/zorvex/DirectoryFiles.h"
 #include "tools/zorvex/GameCopy.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/base/Text.h"
 
 namespace zorvex::tool {
 

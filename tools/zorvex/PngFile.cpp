@@ -8,8 +8,8 @@
 #include <cstring>
 #include <string>
 
-#include "zorvex/game/Error.h"
-#include "zorvex/game/Palette.h"
+#include "zorvex/base/Error.h"
+#include "zorvex/state/Palette.h"
 
 namespace zorvex::tool {
 

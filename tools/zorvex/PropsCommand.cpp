@@ -6,7 +6,7 @@
 #include "tools/zorvex/Commands.h"
 #include "tools/zorvex/Json.h"
 #include "tools/zorvex/OpenedGame.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/base/Text.h"
 
 namespace zorvex::tool {
 

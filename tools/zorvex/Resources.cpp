@@ -4,7 +4,7 @@
 
 #include "tools/zorvex/Command.h"
 #include "tools/zorvex/Console.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/base/Text.h"
 
 namespace zorvex::tool {
 

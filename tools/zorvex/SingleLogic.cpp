@@ -5,8 +5,8 @@
 #include "tools/zorvex/Command.h"
 #include "tools/zorvex/Console.h"
 #include "tools/zorvex/Resources.h"
-#include "zorvex/game/Helpers.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/base/CodePage.h"
+#include "zorvex/base/Text.h"
 
 namespace zorvex::tool {
 

@@ -10,7 +10,7 @@
 #include "tools/zorvex/OpenedGame.h"
 #include "tools/zorvex/Resources.h"
 #include "zorvex/compiler/LogCompile.h"
-#include "zorvex/logic/LogDecode.h"
+#include "zorvex/decompiler/LogDecode.h"
 
 namespace zorvex::tool {
 

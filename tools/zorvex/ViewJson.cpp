@@ -3,8 +3,8 @@
 #include "tools/zorvex/CelImport.h"
 #include "tools/zorvex/Console.h"
 #include "tools/zorvex/Resources.h"
-#include "zorvex/game/Helpers.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/base/CodePage.h"
+#include "zorvex/base/Text.h"
 
 namespace zorvex::tool {
 

@@ -7,7 +7,7 @@
 #include "tools/zorvex/Json.h"
 #include "tools/zorvex/ListFiles.h"
 #include "tools/zorvex/OpenedGame.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/base/Text.h"
 
 namespace zorvex::tool {
 

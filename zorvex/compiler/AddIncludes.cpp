@@ -1,9 +1,11 @@
+#include "zorvex/base/CodePage.h"
+#include "zorvex/base/PathText.h"
+#include "zorvex/base/Text.h"
 #include "zorvex/compiler/SourcePreparation.h"
 #include "zorvex/compiler/SourceText.h"
-#include "zorvex/game/Helpers.h"
-#include "zorvex/game/LibraryState.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/platform/FileQueries.h"
 #include "zorvex/platform/FileSystem.h"
+#include "zorvex/state/LibraryState.h"
 
 namespace zorvex {
 

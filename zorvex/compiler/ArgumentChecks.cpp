@@ -3,10 +3,10 @@
 #include <string>
 #include <vector>
 
-#include "zorvex/compiler/AGICommandFunctions.h"
 #include "zorvex/compiler/CheckTable.h"
-#include "zorvex/compiler/ReservedTables.h"
-#include "zorvex/game/LibraryState.h"
+#include "zorvex/language/AGICommandFunctions.h"
+#include "zorvex/language/ReservedTables.h"
+#include "zorvex/state/LibraryState.h"
 #include "zorvex/view/AGIViews.h"
 
 namespace zorvex {

@@ -4,14 +4,14 @@
 #include <array>
 #include <cmath>
 
+#include "zorvex/base/Checked.h"
+#include "zorvex/base/CodePage.h"
+#include "zorvex/base/Text.h"
 #include "zorvex/compiler/ArgumentText.h"
 #include "zorvex/compiler/CompileMessages.h"
-#include "zorvex/compiler/ReservedTables.h"
 #include "zorvex/compiler/TokenReader.h"
-#include "zorvex/game/Checked.h"
-#include "zorvex/game/Helpers.h"
-#include "zorvex/game/LibraryState.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/language/ReservedTables.h"
+#include "zorvex/state/LibraryState.h"
 #include "zorvex/vocab/AGIInventoryObjects.h"
 #include "zorvex/vocab/AGIWordList.h"
 

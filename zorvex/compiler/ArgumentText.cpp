@@ -3,7 +3,7 @@
 #include <array>
 #include <limits>
 
-#include "zorvex/game/Text.h"
+#include "zorvex/base/Text.h"
 
 namespace zorvex {
 

@@ -5,7 +5,7 @@
 #include <optional>
 #include <string_view>
 
-#include "zorvex/game/Types.h"
+#include "zorvex/base/Types.h"
 
 namespace zorvex {
 

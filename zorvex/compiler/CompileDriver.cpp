@@ -1,18 +1,18 @@
 #include <memory>
 #include <string>
 
-#include "zorvex/compiler/AGILogicSourceSettings.h"
+#include "zorvex/base/CodePage.h"
 #include "zorvex/compiler/CompileRun.h"
 #include "zorvex/compiler/GlobalDefines.h"
 #include "zorvex/compiler/LogCompile.h"
-#include "zorvex/compiler/ReservedTables.h"
 #include "zorvex/compiler/ResourceIDs.h"
 #include "zorvex/compiler/SourcePreparation.h"
 #include "zorvex/compiler/StatementCompiler.h"
-#include "zorvex/game/GameProperties.h"
-#include "zorvex/game/Helpers.h"
-#include "zorvex/game/LibraryState.h"
+#include "zorvex/language/AGILogicSourceSettings.h"
+#include "zorvex/language/ReservedTables.h"
 #include "zorvex/logic/AGILogics.h"
+#include "zorvex/state/GameProperties.h"
+#include "zorvex/state/LibraryState.h"
 #include "zorvex/vocab/AGIInventoryObjects.h"
 
 namespace zorvex {

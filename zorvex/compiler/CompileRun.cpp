@@ -1,10 +1,10 @@
 #include "zorvex/compiler/CompileRun.h"
 
-#include "zorvex/compiler/AGILogicSourceSettings.h"
-#include "zorvex/game/AGIGameEvents.h"
-#include "zorvex/game/Checked.h"
-#include "zorvex/game/Helpers.h"
-#include "zorvex/game/LibraryState.h"
+#include "zorvex/base/Checked.h"
+#include "zorvex/base/CodePage.h"
+#include "zorvex/language/AGILogicSourceSettings.h"
+#include "zorvex/state/AGIGameEvents.h"
+#include "zorvex/state/LibraryState.h"
 
 namespace zorvex {
 

@@ -14,11 +14,11 @@
 #include <utility>
 #include <vector>
 
+#include "zorvex/base/Error.h"
+#include "zorvex/base/Faults.h"
+#include "zorvex/base/Types.h"
 #include "zorvex/compiler/NameTable.h"
-#include "zorvex/game/Error.h"
-#include "zorvex/game/Faults.h"
-#include "zorvex/game/Types.h"
-#include "zorvex/logic/MessageSection.h"
+#include "zorvex/language/MessageSection.h"
 #include "zorvex/storage/AGIResource.h"
 
 namespace zorvex {

@@ -4,12 +4,12 @@
 #include <array>
 #include <utility>
 
-#include "zorvex/compiler/AGICommandFunctions.h"
+#include "zorvex/base/Text.h"
 #include "zorvex/compiler/ArgumentText.h"
 #include "zorvex/compiler/GlobalDefines.h"
-#include "zorvex/compiler/ReservedTables.h"
-#include "zorvex/game/LibraryState.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/language/AGICommandFunctions.h"
+#include "zorvex/language/ReservedTables.h"
+#include "zorvex/state/LibraryState.h"
 
 namespace zorvex {
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "zorvex/game/Types.h"
+#include "zorvex/base/Types.h"
 
 namespace zorvex {
 

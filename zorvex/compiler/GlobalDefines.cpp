@@ -2,13 +2,14 @@
 
 #include <string>
 
+#include "zorvex/base/CheckSum.h"
+#include "zorvex/base/Faults.h"
+#include "zorvex/base/Text.h"
 #include "zorvex/compiler/DefineRules.h"
 #include "zorvex/compiler/SourceText.h"
-#include "zorvex/game/Faults.h"
-#include "zorvex/game/Helpers.h"
-#include "zorvex/game/LibraryState.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/platform/FileQueries.h"
 #include "zorvex/platform/FileSystem.h"
+#include "zorvex/state/LibraryState.h"
 
 namespace zorvex {
 

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "zorvex/base/Types.h"
 #include "zorvex/compiler/NameMap.h"
-#include "zorvex/game/Types.h"
 
 namespace zorvex {
 

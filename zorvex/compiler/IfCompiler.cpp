@@ -3,13 +3,13 @@
 #include <array>
 #include <vector>
 
-#include "zorvex/compiler/AGICommandFunctions.h"
+#include "zorvex/base/Text.h"
 #include "zorvex/compiler/ArgumentChecks.h"
 #include "zorvex/compiler/ArgumentText.h"
 #include "zorvex/compiler/StatementCompiler.h"
 #include "zorvex/compiler/TokenReader.h"
-#include "zorvex/game/Text.h"
-#include "zorvex/logic/LogicFormat.h"
+#include "zorvex/language/AGICommandFunctions.h"
+#include "zorvex/language/LogicFormat.h"
 
 namespace zorvex {
 

@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
+#include "zorvex/base/Text.h"
 #include "zorvex/compiler/ArgumentReader.h"
 #include "zorvex/compiler/CompileRun.h"
-#include "zorvex/game/Text.h"
 
 namespace zorvex {
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "zorvex/game/Text.h"
+#include "zorvex/base/Text.h"
 
 namespace zorvex {
 

@@ -2,9 +2,9 @@
 
 #include "zorvex/compiler/ArgumentText.h"
 #include "zorvex/compiler/GlobalDefines.h"
-#include "zorvex/compiler/ReservedTables.h"
 #include "zorvex/compiler/ResourceIDs.h"
-#include "zorvex/game/LibraryState.h"
+#include "zorvex/language/ReservedTables.h"
+#include "zorvex/state/LibraryState.h"
 
 namespace zorvex {
 

@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
+#include "zorvex/base/Types.h"
 #include "zorvex/compiler/NameMap.h"
-#include "zorvex/game/Types.h"
 
 namespace zorvex {
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "zorvex/game/Helpers.h"
-#include "zorvex/game/LibraryState.h"
+#include "zorvex/base/CodePage.h"
+#include "zorvex/state/LibraryState.h"
 #include "zorvex/storage/ResourceCollection.h"
 
 namespace zorvex {

@@ -8,8 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "zorvex/base/Types.h"
 #include "zorvex/compiler/NameMap.h"
-#include "zorvex/game/Types.h"
 
 namespace zorvex {
 

@@ -2,12 +2,12 @@
 
 #include <array>
 
+#include "zorvex/base/Text.h"
 #include "zorvex/compiler/ArgumentText.h"
 #include "zorvex/compiler/CompileMessages.h"
 #include "zorvex/compiler/DefineRules.h"
 #include "zorvex/compiler/GlobalDefines.h"
 #include "zorvex/compiler/TokenReader.h"
-#include "zorvex/game/Text.h"
 
 namespace zorvex {
 

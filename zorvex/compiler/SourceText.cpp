@@ -1,6 +1,6 @@
 #include "zorvex/compiler/SourceText.h"
 
-#include "zorvex/game/Text.h"
+#include "zorvex/base/Text.h"
 
 namespace zorvex {
 

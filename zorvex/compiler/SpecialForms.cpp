@@ -1,11 +1,11 @@
 // The statements without a command's name: assignments and arithmetic.
-#include "zorvex/compiler/AGICommandFunctions.h"
+#include "zorvex/base/Text.h"
 #include "zorvex/compiler/ArgumentChecks.h"
 #include "zorvex/compiler/ArgumentText.h"
 #include "zorvex/compiler/IfCompiler.h"
 #include "zorvex/compiler/StatementCompiler.h"
 #include "zorvex/compiler/TokenReader.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/language/AGICommandFunctions.h"
 
 namespace zorvex {
 

@@ -1,13 +1,13 @@
 #include "zorvex/compiler/StatementCompiler.h"
 
-#include "zorvex/compiler/AGICommandFunctions.h"
+#include "zorvex/base/Checked.h"
+#include "zorvex/base/Text.h"
 #include "zorvex/compiler/ArgumentChecks.h"
 #include "zorvex/compiler/ArgumentText.h"
 #include "zorvex/compiler/IfCompiler.h"
 #include "zorvex/compiler/TokenReader.h"
-#include "zorvex/game/Checked.h"
-#include "zorvex/game/Text.h"
-#include "zorvex/logic/LogicFormat.h"
+#include "zorvex/language/AGICommandFunctions.h"
+#include "zorvex/language/LogicFormat.h"
 
 namespace zorvex {
 

@@ -1,22 +1,26 @@
 #include "zorvex/game/AGIGame.h"
 
-#include "zorvex/compiler/AGICommandFunctions.h"
-#include "zorvex/compiler/AGICommands.h"
-#include "zorvex/compiler/AGILogicSourceSettings.h"
-#include "zorvex/compiler/AGITestCommands.h"
+#include "zorvex/base/Internal.h"
+#include "zorvex/game/HeldObjects.h"
+
+#include "zorvex/base/Checked.h"
+#include "zorvex/base/Faults.h"
+#include "zorvex/base/PathText.h"
+#include "zorvex/base/StringList.h"
+#include "zorvex/base/Text.h"
 #include "zorvex/compiler/GlobalDefines.h"
-#include "zorvex/game/AGIGameEvents.h"
-#include "zorvex/game/Checked.h"
-#include "zorvex/game/Faults.h"
+#include "zorvex/game/GameCompile.h"
 #include "zorvex/game/GameDetection.h"
-#include "zorvex/game/GameProperties.h"
-#include "zorvex/game/Helpers.h"
-#include "zorvex/game/LibraryState.h"
-#include "zorvex/game/Text.h"
-#include "zorvex/logic/StringList.h"
+#include "zorvex/language/AGICommandFunctions.h"
+#include "zorvex/language/AGICommands.h"
+#include "zorvex/language/AGILogicSourceSettings.h"
+#include "zorvex/language/AGITestCommands.h"
+#include "zorvex/platform/FileQueries.h"
 #include "zorvex/platform/FileSystem.h"
+#include "zorvex/state/AGIGameEvents.h"
+#include "zorvex/state/GameProperties.h"
+#include "zorvex/state/LibraryState.h"
 #include "zorvex/storage/FileSwap.h"
-#include "zorvex/storage/GameCompile.h"
 #include "zorvex/vocab/AGIInventoryObjects.h"
 #include "zorvex/vocab/AGIWordList.h"
 
@@ -61,55 +65,69 @@ std::string ExistingDirectory(std::string_view value) {
 
 }  // namespace
 
+LibraryState& AGIGame::State() const {
+    LibraryState& library = Library();
+    if (library.GameObject != this) RaiseRuntime(reObjectNotSet, ErrorSource);
+    return library;
+}
+
 // --- The objects ---
 bool AGIGame::GameLoaded() const {
-    return Library().GameLoaded;
+    return State().GameLoaded;
 }
 AGIGameEvents& AGIGame::GameEvents() const {
-    return *Library().Events;
+    State();
+    return *held_->Events;
 }
 AGILogics& AGIGame::Logics() const {
-    return *Library().Logics;
+    State();
+    return *held_->Logics;
 }
 AGIPictures& AGIGame::Pictures() const {
-    return *Library().Pictures;
+    State();
+    return *held_->Pictures;
 }
 AGISounds& AGIGame::Sounds() const {
-    return *Library().Sounds;
+    State();
+    return *held_->Sounds;
 }
 AGIViews& AGIGame::Views() const {
-    return *Library().Views;
+    State();
+    return *held_->Views;
 }
 std::shared_ptr<AGIWordList> AGIGame::VocabularyWords() const {
-    return Library().VocabularyWords;
+    return State().VocabularyWords;
 }
 std::shared_ptr<AGIInventoryObjects> AGIGame::InventoryObjects() const {
-    return Library().InventoryObjects;
+    return State().InventoryObjects;
 }
 AGICommands& AGIGame::Commands() const {
-    return *Library().Commands;
+    State();
+    return *held_->Commands;
 }
 AGITestCommands& AGIGame::TestCommands() const {
-    return *Library().TestCommands;
+    State();
+    return *held_->TestCommands;
 }
 
 std::shared_ptr<AGILogicSourceSettings> AGIGame::LogicSourceSettings() const {
-    return Library().LogicSourceSettings;
+    return State().LogicSourceSettings;
 }
 
 void AGIGame::LogicSourceSettings(std::shared_ptr<AGILogicSourceSettings> value) {
-    Library().LogicSourceSettings = std::move(value);
-    Library().LastEdit = Now();
+    State().LogicSourceSettings = std::move(value);
+    State().LastEdit = Now();
 }
 
 std::vector<TDefine> AGIGame::GlobalDefines() const {
+    State();
     return CurrentGlobalDefines()->List();
 }
 
 // --- Identity and places ---
 std::string AGIGame::GameID() const {
     if (!GameLoaded()) RaiseCatalogue(677, ErrorSource);
-    return Library().GameID;
+    return State().GameID;
 }
 
 namespace {
@@ -135,7 +153,7 @@ void RenameV3Files(const std::string& oldID, const std::string& newID) {
 }  // namespace
 
 void AGIGame::GameID(std::string_view value) {
-    LibraryState& library = Library();
+    LibraryState& library = State();
     if (!GameLoaded()) RaiseCatalogue(677, ErrorSource);
     const std::string newID = CutCharacters(value, library.IsV3 ? 5 : 6);
     const std::string oldID = library.GameID;
@@ -155,29 +173,29 @@ void AGIGame::GameID(std::string_view value) {
 }
 
 std::string AGIGame::GameDir() const {
-    return GameLoaded() ? Library().GameDir : CurrentDirectory();
+    return GameLoaded() ? State().GameDir : CurrentDirectory();
 }
 
 void AGIGame::GameDir(std::string_view value) {
-    LibraryState& library = Library();
+    LibraryState& library = State();
     if (!GameLoaded()) return;
     library.GameDir = ExistingDirectory(value);
     library.GameFile = library.GameDir + JustFileName(library.GameFile);
     library.ResDir = CDir(library.GameDir + library.ResDirName);
     // What is saved from now on goes to where the game is.
     library.PropertyList->StringLine(0, library.GameFile);
-    library.VocabularyWords->JoinGame(library.VocabularyWords->Loaded());
-    library.InventoryObjects->JoinGame(library.InventoryObjects->Loaded());
+    library.VocabularyWords->JoinGame(Internal(), library.VocabularyWords->Loaded());
+    library.InventoryObjects->JoinGame(Internal(), library.InventoryObjects->Loaded());
     library.LastEdit = Now();
 }
 
 std::string AGIGame::GameFile() const {
     if (!GameLoaded()) RaiseCatalogue(693, ErrorSource);
-    return Library().GameFile;
+    return State().GameFile;
 }
 
 void AGIGame::GameFile(std::string_view value) {
-    LibraryState& library = Library();
+    LibraryState& library = State();
     if (!GameLoaded()) RaiseCatalogue(693, ErrorSource);
     const std::string path = InnerPath(value);
     Attempt([&] { Files().Rename(library.GameFile, path); });
@@ -189,15 +207,15 @@ void AGIGame::GameFile(std::string_view value) {
 }
 
 std::string AGIGame::ResDir() const {
-    return GameLoaded() ? Library().ResDir : CurrentDirectory();
+    return GameLoaded() ? State().ResDir : CurrentDirectory();
 }
 
 std::string AGIGame::ResDirName() const {
-    return Library().ResDirName;
+    return State().ResDirName;
 }
 
 void AGIGame::ResDirName(std::string_view value) {
-    LibraryState& library = Library();
+    LibraryState& library = State();
     library.ResDirName = ValidDirectoryName(value);
     library.ResDir = CDir(library.GameDir + library.ResDirName);
     WriteGeneral("ResDir", library.ResDirName);
@@ -205,167 +223,181 @@ void AGIGame::ResDirName(std::string_view value) {
 }
 
 std::string AGIGame::DefResDir() const {
-    return Library().DefResDir;
+    return State().DefResDir;
 }
 
 void AGIGame::DefResDir(std::string_view value) {
-    Library().DefResDir = ValidDirectoryName(value);
-    Library().LastEdit = Now();
+    State().DefResDir = ValidDirectoryName(value);
+    State().LastEdit = Now();
 }
 
 std::string AGIGame::TemplateDir() const {
-    return Library().TemplateDir;
+    return State().TemplateDir;
 }
 
 void AGIGame::TemplateDir(std::string_view value) {
-    Library().TemplateDir = ExistingDirectory(value);
+    State().TemplateDir = ExistingDirectory(value);
 }
 
 std::string AGIGame::InterpreterVersion() const {
-    const std::string& version = Library().InterpreterVersion;
+    const std::string& version = State().InterpreterVersion;
     return !GameLoaded() && version.empty() ? std::string(DefaultV2Version) : version;
 }
 
 void AGIGame::InterpreterVersion(std::string_view value) {
-    LibraryState& library = Library();
+    LibraryState& library = State();
     RequireKnownVersion(value, ErrorSource);
-    if (GameLoaded()) {
-        if (value.front() != library.InterpreterVersion.front() && !ChangeGeneration()) return;
-        library.LastEdit = Now();
-        WriteGeneral("Interpreter", value);
-        SaveGameProperties();
+    if (GameLoaded() && value.front() != library.InterpreterVersion.front()) {
+        ChangeGeneration(std::string(value));
+        return;
     }
-    library.InterpreterVersion = value;
-    library.IsV3 = Val(value) > 3;
-    InitCommandTables();
-    SetCommandsForVersion(library.InterpreterVersion);
+    StoreVersion(value);
+    if (GameLoaded()) SaveGameProperties();
 }
 
-bool AGIGame::ChangeGeneration() {
-    LibraryState& library = Library();
-    library.VersionChanging = true;
+namespace {
+
+/// Marks that a compile changes the generation, for as long as it lives.
+class VersionChange {
+  public:
+    VersionChange() { Library().VersionChanging = true; }
+    VersionChange(const VersionChange&) = delete;
+    VersionChange& operator=(const VersionChange&) = delete;
+    ~VersionChange() { Library().VersionChanging = false; }
+};
+
+}  // namespace
+
+void AGIGame::ChangeGeneration(const std::string& version) {
+    LibraryState& library = State();
+    const VersionChange change;
     if (!library.IsV3 && CharacterCount(library.GameID) > 5) GameID(CutCharacters(library.GameID, 5));
-    if (const auto error = Attempt([&] { CompileGame(true, ""); })) {
+    if (const auto error = Attempt([&] { CompileGameFiles(true, "", version); })) {
         library.CompileCanceled = false;
-        library.VersionChanging = false;
+        // From the swap on the game has the new version, whatever a handler has raised.
+        if (library.InterpreterVersion == version) throw Error(*error);
         RaiseWrapped(641, *error);
     }
-    return !std::exchange(library.CompileCanceled, false);
+    library.CompileCanceled = false;
 }
 
 void AGIGame::CompileGame(bool rebuildOnly, std::string_view newGameDir) {
+    State();
     CompileGameFiles(rebuildOnly, newGameDir);
 }
 
 // --- Descriptive values ---
 std::string AGIGame::GameAuthor() const {
-    return Library().GameAuthor;
+    return State().GameAuthor;
 }
 void AGIGame::GameAuthor(std::string_view value) {
-    StoreText(Library().GameAuthor, "Author", value, shortTextLimit);
+    StoreText(State().GameAuthor, "Author", value, shortTextLimit);
 }
 
 std::string AGIGame::GameAbout() const {
-    return Library().GameAbout;
+    return State().GameAbout;
 }
 void AGIGame::GameAbout(std::string_view value) {
-    StoreText(Library().GameAbout, "About", value, longTextLimit);
+    StoreText(State().GameAbout, "About", value, longTextLimit);
 }
 
 std::string AGIGame::GameDescription() const {
-    return Library().GameDescription;
+    return State().GameDescription;
 }
 void AGIGame::GameDescription(std::string_view value) {
-    StoreText(Library().GameDescription, "Description", value, longTextLimit);
+    StoreText(State().GameDescription, "Description", value, longTextLimit);
 }
 
 std::string AGIGame::GameVersion() const {
-    return Library().GameVersion;
+    return State().GameVersion;
 }
 void AGIGame::GameVersion(std::string_view value) {
-    StoreText(Library().GameVersion, "GameVersion", value, shortTextLimit);
+    StoreText(State().GameVersion, "GameVersion", value, shortTextLimit);
 }
 
 DateTime AGIGame::LastEdit() const {
-    return GameLoaded() ? Library().LastEdit : Now();
+    return GameLoaded() ? State().LastEdit : Now();
 }
 
 std::int32_t AGIGame::PlatformType() const {
-    return Library().PlatformType;
+    return State().PlatformType;
 }
 void AGIGame::PlatformType(std::int32_t value) {
-    Library().PlatformType = value >= 0 && value <= 4 ? value : 0;
-    WriteGeneral("PlatformType", std::to_string(Library().PlatformType));
+    State().PlatformType = value >= 0 && value <= 4 ? value : 0;
+    WriteGeneral("PlatformType", std::to_string(State().PlatformType));
 }
 
 std::string AGIGame::Platform() const {
-    return Library().Platform;
+    return State().Platform;
 }
 void AGIGame::Platform(std::string_view value) {
-    StorePlain(Library().Platform, "Platform", value);
+    StorePlain(State().Platform, "Platform", value);
 }
 
 std::string AGIGame::PlatformOpts() const {
-    return Library().PlatformOpts;
+    return State().PlatformOpts;
 }
 void AGIGame::PlatformOpts(std::string_view value) {
-    StorePlain(Library().PlatformOpts, "PlatformOpts", value);
+    StorePlain(State().PlatformOpts, "PlatformOpts", value);
 }
 
 std::string AGIGame::DOSExec() const {
-    return Library().DOSExec;
+    return State().DOSExec;
 }
 void AGIGame::DOSExec(std::string_view value) {
-    StorePlain(Library().DOSExec, "DOSExec", value);
+    StorePlain(State().DOSExec, "DOSExec", value);
 }
 
 bool AGIGame::UseLE() const {
-    return GameLoaded() && Library().UseLE;
+    return GameLoaded() && State().UseLE;
 }
 void AGIGame::UseLE(bool value) {
-    Library().UseLE = value;
+    State().UseLE = value;
     WriteGeneral("UseLE", BoolText(value));
 }
 
 // --- Library-wide values ---
 std::int32_t AGIGame::EGAColor(std::int16_t index) const {
-    return At(Library().EGAColor, index, ErrorSource);
+    return At(State().EGAColor, index, ErrorSource);
 }
 
 void AGIGame::EGAColor(std::int16_t index, std::int32_t value) {
-    At(Library().EGAColor, index, ErrorSource);
+    At(State().EGAColor, index, ErrorSource);
     SetPaletteEntry(static_cast<std::size_t>(index), value);
     if (GameLoaded()) WriteGameProperty("Palette", "Color" + std::to_string(index), "&H" + HexPad(value, 8));
 }
 
 std::int32_t AGIGame::EGARevColor(std::int16_t index) const {
-    return At(Library().EGARevColor, index, ErrorSource);
+    return At(State().EGARevColor, index, ErrorSource);
 }
 
 std::int32_t AGIGame::MaxVol0Size() const {
-    return Library().MaxVol0Size;
+    return State().MaxVol0Size;
 }
 void AGIGame::MaxVol0Size(std::int32_t value) {
-    Library().MaxVol0Size = std::clamp(value, minVol0Size, Library().MaxVolSize);
+    State().MaxVol0Size = std::clamp(value, minVol0Size, State().MaxVolSize);
 }
 
 std::string AGIGame::ResTypeName(AGIResType type) const {
+    State();
     return std::string(At(ResTypeNames, static_cast<int>(type), ErrorSource));
 }
 
 // --- Properties and the running compile ---
 void AGIGame::SaveProperties() {
+    State();
     SaveGameProperties();
 }
 
 void AGIGame::WriteProperty(std::string_view section, std::string_view key, std::string_view value,
                             std::string_view group, bool forceSave) {
+    State();
     WriteGameProperty(section, key, value, group);
     if (forceSave) SaveProperties();
 }
 
 void AGIGame::CancelCompile() {
-    LibraryState& library = Library();
+    LibraryState& library = State();
     if (!library.CompileActive) return;
     library.CompileActive = false;
     library.CompileCanceled = true;

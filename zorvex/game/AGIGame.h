@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "zorvex/game/Types.h"
+#include "zorvex/base/Types.h"
 #include "zorvex/platform/Clock.h"
 
 namespace zorvex {
@@ -22,13 +22,21 @@ class AGISounds;
 class AGITestCommands;
 class AGIViews;
 class AGIWordList;
+class Internal;
+struct LibraryState;
 
 /// The open game and everything that belongs to it.
 ///
 /// A host makes one AGIGame and opens a game with OpenGameDIR (from its directory files) or OpenGameZVG (from
 /// its property file). While a game is open the collections hold one object per resource, and most properties
 /// go to the property list at once; the list reaches the disk with SaveProperties, CloseGame and the
-/// operations that say so. Making a second AGIGame starts the library afresh.
+/// operations that say so. An AGIGame belongs to the workspace that was current when it was made (see
+/// Workspace); making a second one there starts that workspace afresh. The members of an AGIGame whose
+/// workspace is not the current one, or was started afresh, raise 91.
+///
+/// Resources and lists belong to one open game. When it is closed, when a resource is removed, when opening
+/// fails and when the AGIGame or the workspace goes, objects that a host still holds become stand-alone
+/// objects that keep their contents. The collections stay valid for the life of the AGIGame.
 ///
 /// All texts are host text. Paths given by a host may use either separator; paths that the library gives back
 /// use backslashes (see NativePath), and a directory ends in one. Errors carry the source "agiGame".
@@ -51,9 +59,9 @@ class AGIGame {
     /// (no such file), 541 (no such directory), 665 (made by another version), 690 (no game ID), 691 (unknown
     /// interpreter version); then as OpenGameDIR.
     void OpenGameZVG(std::string_view gameZVG);
-    /// The common second half of every open. Mode 0: a property file was read; 1: the game came from its
-    /// directory.
-    void FinishGameLoad(int mode = 0);
+    /// For the library: the common second half of every open. Mode 0: a property file was read; 1: the game
+    /// came from its directory.
+    void FinishGameLoad(const Internal& key, int mode = 0);
     /// Saves the property list, empties the collections and forgets the game. Nothing happens while none is
     /// open.
     void CloseGame();
@@ -178,7 +186,13 @@ class AGIGame {
     void CancelCompile();
 
   private:
-    bool ChangeGeneration();
+    struct Held;
+
+    /// The record of this game's workspace; raises 91 when that is not current or belongs to another AGIGame.
+    LibraryState& State() const;
+    void ChangeGeneration(const std::string& version);
+
+    std::unique_ptr<Held> held_;
 };
 
 }  // namespace zorvex

@@ -2,11 +2,13 @@
 
 #include <algorithm>
 
-#include "zorvex/game/Faults.h"
-#include "zorvex/game/Helpers.h"
-#include "zorvex/game/LibraryState.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/base/Faults.h"
+#include "zorvex/base/Text.h"
+#include "zorvex/language/AGICommandFunctions.h"
+#include "zorvex/platform/FileQueries.h"
 #include "zorvex/platform/FileSystem.h"
+#include "zorvex/state/GameProperties.h"
+#include "zorvex/state/LibraryState.h"
 
 namespace zorvex {
 
@@ -78,6 +80,18 @@ void RequireKnownVersion(std::string_view version, std::string_view source) {
     if (IsKnownVersion(version)) return;
     const double number = Val(version);
     RaiseCatalogue(number >= 2 && number <= 3 ? 543 : 597, source);
+}
+
+void StoreVersion(std::string_view version) {
+    LibraryState& library = Library();
+    if (library.GameLoaded) {
+        library.LastEdit = Now();
+        WriteGameProperty("General", "Interpreter", version);
+    }
+    library.InterpreterVersion = version;
+    library.IsV3 = Val(version) > 3;
+    InitCommandTables();
+    SetCommandsForVersion(library.InterpreterVersion);
 }
 
 }  // namespace zorvex

@@ -25,4 +25,8 @@ bool IsKnownVersion(std::string_view text);
 /// known one.
 void RequireKnownVersion(std::string_view version, std::string_view source);
 
+/// Stores a known version, with all that follows from it: the generation, the command tables and, while a
+/// game is open, its property.
+void StoreVersion(std::string_view version);
+
 }  // namespace zorvex

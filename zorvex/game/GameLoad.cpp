@@ -1,27 +1,31 @@
 // The part of AGIGame that starts the library and opens and closes games.
 #include "zorvex/game/GameLoad.h"
-#include "zorvex/compiler/AGICommandFunctions.h"
-#include "zorvex/compiler/AGICommands.h"
-#include "zorvex/compiler/AGILogicSourceSettings.h"
-#include "zorvex/compiler/AGITestCommands.h"
-#include "zorvex/compiler/ReservedTables.h"
-#include "zorvex/game/AGIGame.h"
-#include "zorvex/game/AGIGameEvents.h"
-#include "zorvex/game/Faults.h"
+#include "zorvex/base/Faults.h"
+#include "zorvex/base/HostText.h"
+#include "zorvex/base/Internal.h"
+#include "zorvex/base/PathText.h"
+#include "zorvex/base/StringList.h"
+#include "zorvex/base/Text.h"
 #include "zorvex/game/GameDetection.h"
-#include "zorvex/game/GameProperties.h"
-#include "zorvex/game/Helpers.h"
-#include "zorvex/game/HostText.h"
-#include "zorvex/game/LibraryState.h"
+#include "zorvex/game/HeldObjects.h"
 #include "zorvex/game/NewGame.h"
-#include "zorvex/game/OldPropertyFile.h"
-#include "zorvex/game/PropertyFile.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/language/AGICommandFunctions.h"
+#include "zorvex/language/AGICommands.h"
+#include "zorvex/language/AGILogicSourceSettings.h"
+#include "zorvex/language/AGITestCommands.h"
+#include "zorvex/language/ReservedTables.h"
 #include "zorvex/logic/AGILogics.h"
-#include "zorvex/logic/StringList.h"
 #include "zorvex/picture/AGIPictures.h"
+#include "zorvex/platform/FileQueries.h"
 #include "zorvex/platform/FileSystem.h"
 #include "zorvex/sound/AGISounds.h"
+#include "zorvex/state/AGIGameEvents.h"
+#include "zorvex/state/GameProperties.h"
+#include "zorvex/state/GameSession.h"
+#include "zorvex/state/LibraryState.h"
+#include "zorvex/state/OldPropertyFile.h"
+#include "zorvex/state/PropertyFile.h"
+#include "zorvex/state/Workspace.h"
 #include "zorvex/storage/ExtractResources.h"
 #include "zorvex/storage/FileSwap.h"
 #include "zorvex/view/AGIViews.h"
@@ -32,13 +36,15 @@ namespace zorvex {
 
 namespace {
 
+/// Tells the host how far a load is. A handler may have ended it.
 void RaiseLoadStatus(ELStatus status, AGIResType type) {
+    const RunSession session;
     Library().Events->LoadStatus.Raise(status, type, 0, "");
+    session.Require(AGIGame::ErrorSource);
 }
 
 /// Forgets which game was to be opened.
-void ClearIdentity() {
-    LibraryState& library = Library();
+void ClearIdentity(LibraryState& library = Library()) {
     library.GameDir.clear();
     library.GameFile.clear();
     library.GameID.clear();
@@ -55,20 +61,27 @@ void ClearIdentity() {
     RaiseText(ObjectErrorBase + id, AGIGame::ErrorSource, name);
 }
 
-/// True for a text that can be a file's name or the head of one.
-bool IsPlainName(std::string_view name) {
-    return !name.empty() && name != "." && name != ".." &&
-           name.find_first_of("\\/:") == std::string_view::npos;
-}
-
 }  // namespace
 
-void MakeEmptyCollections() {
+RunSession Opening::Started() {
+    BeginGameSession();
+    return {};
+}
+
+Opening::~Opening() {
+    if (session_.Lasts() && !Library().GameLoaded) EndGameSession(Library());
+}
+
+void EmptyCollections(LibraryState& record) noexcept {
+    for (ResourceCollectionBase* collection : record.Collections) {
+        if (collection != nullptr) collection->ClearCollection(Internal());
+    }
+}
+
+void MakeEmptyLists() {
     LibraryState& library = Library();
-    library.Logics = std::make_shared<AGILogics>();
-    library.Views = std::make_shared<AGIViews>();
-    library.Pictures = std::make_shared<AGIPictures>();
-    library.Sounds = std::make_shared<AGISounds>();
+    if (library.InventoryObjects) library.InventoryObjects->LeaveGame(Internal());
+    if (library.VocabularyWords) library.VocabularyWords->LeaveGame(Internal());
     library.InventoryObjects = std::make_shared<AGIInventoryObjects>();
     library.VocabularyWords = std::make_shared<AGIWordList>();
 }
@@ -79,27 +92,41 @@ void ResetToEmptyGame() {
     library.ResDirName.clear();
     library.ResDir.clear();
     ClearIdentity();
-    MakeEmptyCollections();
+    EmptyCollections(library);
+    MakeEmptyLists();
     library.PropertyList.reset();
 }
 
 // --- Start and end of the library ---
-AGIGame::AGIGame() {
+AGIGame::AGIGame() : held_(std::make_unique<Held>()) {
+    EmptyCollections(Library());
     InitLibraryState();
     LibraryState& library = Library();
     library.GameObject = this;
-    library.Events = std::make_shared<AGIGameEvents>();
-    MakeEmptyCollections();
+    held_->Home = PresentWorkspace();
+    library.Events = held_->Events = std::make_shared<AGIGameEvents>();
+    library.Logics = held_->Logics = std::make_shared<AGILogics>(Internal());
+    library.Pictures = held_->Pictures = std::make_shared<AGIPictures>(Internal());
+    library.Sounds = held_->Sounds = std::make_shared<AGISounds>(Internal());
+    library.Views = held_->Views = std::make_shared<AGIViews>(Internal());
+    library.Collections = {held_->Logics.get(), held_->Pictures.get(), held_->Sounds.get(),
+                           held_->Views.get()};
+    MakeEmptyLists();
     library.LogicSourceSettings = std::make_shared<AGILogicSourceSettings>();
-    library.Commands = std::make_shared<AGICommands>();
-    library.TestCommands = std::make_shared<AGITestCommands>();
+    library.Commands = held_->Commands = std::make_shared<AGICommands>();
+    library.TestCommands = held_->TestCommands = std::make_shared<AGITestCommands>();
     InitCommandTables();
     InitReservedDefines();
 }
 
 AGIGame::~AGIGame() {
-    LibraryState& library = Library();
-    if (library.GameObject != this) return;
+    // The workspace may be another than the current one, or gone.
+    const std::shared_ptr<WorkspaceData> home = held_->Home.lock();
+    if (!home || RecordOf(*home).GameObject != this) return;
+    LibraryState& library = RecordOf(*home);
+    EndGameSession(library);
+    EmptyCollections(library);
+    library.Collections = {};
     library.Logics.reset();
     library.Pictures.reset();
     library.Sounds.reset();
@@ -109,14 +136,19 @@ AGIGame::~AGIGame() {
     library.Events.reset();
     library.GameObject = nullptr;
     library.PropertyList.reset();
-    library.GameLoaded = false;
-    ClearIdentity();
+    ClearIdentity(library);
 }
 
 // --- Opening ---
+void RequireClosed() {
+    // A handler of a load finds a session, though no game is open yet.
+    if (Library().GameLoaded || Library().Session) RaiseCatalogue(501, AGIGame::ErrorSource);
+}
+
 void AGIGame::OpenGameDIR(std::string_view newGameDir) {
-    LibraryState& library = Library();
-    if (GameLoaded()) RaiseCatalogue(501, ErrorSource);
+    LibraryState& library = State();
+    RequireClosed();
+    const Opening opening;
     library.GameDir = newGameDir.empty() ? CurrentDirectory() : CDir(InnerPath(newGameDir));
     RaiseLoadStatus(lsDecompiling, rtNone);
     FileSwap::Finish(library.GameDir);
@@ -148,7 +180,7 @@ void AGIGame::OpenGameDIR(std::string_view newGameDir) {
             library.PropertyList.reset();
         });
     WriteGameProperty("General", "Interpreter", library.InterpreterVersion);
-    FinishGameLoad(1);
+    FinishGameLoad(Internal(), 1);
 }
 
 namespace {
@@ -180,8 +212,9 @@ void CheckPropertyFileVersion(const std::string& name) {
 }  // namespace
 
 void AGIGame::OpenGameZVG(std::string_view gameZVG) {
-    LibraryState& library = Library();
-    if (GameLoaded()) RaiseCatalogue(501, ErrorSource);
+    LibraryState& library = State();
+    RequireClosed();
+    const Opening opening;
     const std::string path = InnerPath(gameZVG);
     const std::string name = JustFileName(path);
     if (!FileExists(path)) {
@@ -198,7 +231,7 @@ void AGIGame::OpenGameZVG(std::string_view gameZVG) {
     if (!IsPlainName(library.GameID)) RefusePropertyFile(690, name);
     library.InterpreterVersion = ReadGameString("General", "Interpreter", "");
     if (!IsKnownVersion(library.InterpreterVersion)) RefusePropertyFile(691, name);
-    FinishGameLoad(0);
+    FinishGameLoad(Internal(), 0);
 }
 
 namespace {
@@ -211,7 +244,11 @@ class GameLoad {
     void Run() {
         LibraryState& library = Library();
         library.IsV3 = Val(library.InterpreterVersion) >= 3;
-        Guarded([&] { OpenResources(); }, [] { ResetToEmptyGame(); });
+        const RunSession session;
+        Guarded([&] { OpenResources(); },
+                [&] {
+                    if (session.Lasts()) ResetToEmptyGame();
+                });
         library.ResourceIDsValid = false;
         library.GameLoaded = true;
         EndMaking(library.GameDir);
@@ -267,7 +304,7 @@ class GameLoad {
     template <class List>
     void LoadList(std::shared_ptr<List>& list, const std::string& fileName) {
         list = std::make_shared<List>();
-        list->JoinGame(false);
+        list->JoinGame(Internal(), false);
         if (const auto error = Attempt([&] { list->Load(Library().GameDir + fileName); })) {
             warnings_ = true;
             WriteLogEntry(1, "An error occurred while loading " + fileName + ": " + error->Description());
@@ -300,19 +337,13 @@ class GameLoad {
 
 }  // namespace
 
-void AGIGame::FinishGameLoad(int mode) {
+void AGIGame::FinishGameLoad(const Internal& /*key*/, int mode) {
+    State();
     GameLoad(mode).Run();
 }
 
 // --- Closing ---
 namespace {
-
-template <class List>
-void LeaveGame(const std::shared_ptr<List>& list) {
-    if (!list) return;
-    if (list->Loaded()) list->Unload();
-    list->LeaveGame();
-}
 
 void ClearGameFields() {
     LibraryState& library = Library();
@@ -331,21 +362,18 @@ void ClearGameFields() {
 }  // namespace
 
 void AGIGame::CloseGame() {
-    LibraryState& library = Library();
+    LibraryState& library = State();
     if (!GameLoaded()) return;
     Wrapped(644, [&] {
-        library.Views->ClearCollection();
-        library.Logics->ClearCollection();
-        library.Pictures->ClearCollection();
-        library.Sounds->ClearCollection();
-        LeaveGame(library.InventoryObjects);
-        LeaveGame(library.VocabularyWords);
+        EmptyCollections(library);
+        MakeEmptyLists();
     });
     ResetDefaultPalette();
     WriteGameProperty("General", "LastEdit", DateText(library.LastEdit));
     SaveGameProperties();
     library.PropertyList.reset();
     ClearGameFields();
+    EndGameSession(library);
 }
 
 }  // namespace zorvex

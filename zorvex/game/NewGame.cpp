@@ -1,18 +1,21 @@
 #include "zorvex/game/NewGame.h"
 
-#include "zorvex/compiler/AGICommandFunctions.h"
+#include "zorvex/base/Faults.h"
+#include "zorvex/base/Internal.h"
+#include "zorvex/base/PathText.h"
+#include "zorvex/base/StringList.h"
+#include "zorvex/base/Text.h"
 #include "zorvex/game/AGIGame.h"
-#include "zorvex/game/Faults.h"
 #include "zorvex/game/GameDetection.h"
 #include "zorvex/game/GameLoad.h"
-#include "zorvex/game/GameProperties.h"
-#include "zorvex/game/Helpers.h"
-#include "zorvex/game/LibraryState.h"
-#include "zorvex/game/PropertyFile.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/language/AGICommandFunctions.h"
 #include "zorvex/logic/AGILogics.h"
-#include "zorvex/logic/StringList.h"
+#include "zorvex/platform/FileQueries.h"
 #include "zorvex/platform/FileSystem.h"
+#include "zorvex/state/GameProperties.h"
+#include "zorvex/state/GameSession.h"
+#include "zorvex/state/LibraryState.h"
+#include "zorvex/state/PropertyFile.h"
 #include "zorvex/storage/NewDirectories.h"
 #include "zorvex/vocab/AGIInventoryObjects.h"
 #include "zorvex/vocab/AGIWordList.h"
@@ -56,7 +59,7 @@ class GameMaking {
 
     void Check(std::string_view newGameDir) {
         LibraryState& library = Library();
-        if (library.GameLoaded) RaiseCatalogue(501, errorSource);
+        RequireClosed();
         const std::string directory = CDir(InnerPath(newGameDir));
         if (!DirectoryExists(directory)) RaiseCatalogue(630, errorSource, newGameDir);
         const bool unfinished = FileExists(directory + std::string(unfinishedMark));
@@ -97,13 +100,15 @@ class GameMaking {
             Wrapped(631, [] { RaiseRuntime(reBadFileName, errorSource); });
         }
         Begin();
+        const Opening opening;
         StartProperties();
         try {
             WriteFiles();
         } catch (...) {
             const Error error = CurrentError();
             RememberError(error);
-            MakeEmptyCollections();
+            EmptyCollections(Library());
+            MakeEmptyLists();
             RaiseText(ObjectErrorBase + 631, error.Source(), CatalogueText(631, {error.NumberAndText()}));
         }
         fresh_ = true;
@@ -195,14 +200,14 @@ class GameMaking {
         }
         library.VocabularyWords = std::make_shared<AGIWordList>();
         AGIWordList& words = *library.VocabularyWords;
-        words.JoinGame(true);
+        words.JoinGame(Internal(), true);
         words.AddWord("a", 0);
         words.AddWord("anyword", 1);
         words.AddWord("rol", 9999);
         words.Save();
         library.InventoryObjects = std::make_shared<AGIInventoryObjects>();
         AGIInventoryObjects& items = *library.InventoryObjects;
-        items.JoinGame(true);
+        items.JoinGame(Internal(), true);
         items.Add("?", 0);
         items.Save();
         InitCommandTables();
@@ -226,6 +231,7 @@ class GameMaking {
 
 void AGIGame::NewGame(std::string_view newID, std::string_view newVersion, std::string_view newGameDir,
                       std::string& newResDir, std::string_view templateDir) {
+    State();
     GameMaking making(*this, newID, newVersion, newResDir);
     making.Check(newGameDir);
     if (templateDir.empty()) {

@@ -2,18 +2,22 @@
 
 #include <array>
 
-#include "zorvex/compiler/AGICommandFunctions.h"
-#include "zorvex/compiler/AGILogicSourceSettings.h"
+#include "zorvex/base/CheckSum.h"
+#include "zorvex/base/CodePage.h"
+#include "zorvex/base/Faults.h"
+#include "zorvex/base/Internal.h"
+#include "zorvex/base/PathText.h"
+#include "zorvex/base/StringList.h"
+#include "zorvex/base/Text.h"
 #include "zorvex/compiler/LogCompile.h"
-#include "zorvex/game/Faults.h"
-#include "zorvex/game/GameProperties.h"
-#include "zorvex/game/Helpers.h"
-#include "zorvex/game/LibraryState.h"
-#include "zorvex/game/Text.h"
-#include "zorvex/logic/LogDecode.h"
-#include "zorvex/logic/StringList.h"
+#include "zorvex/decompiler/LogDecode.h"
+#include "zorvex/language/AGICommandFunctions.h"
+#include "zorvex/language/AGILogicSourceSettings.h"
+#include "zorvex/platform/FileQueries.h"
 #include "zorvex/platform/FileSystem.h"
 #include "zorvex/platform/WholeFile.h"
+#include "zorvex/state/GameProperties.h"
+#include "zorvex/state/LibraryState.h"
 
 namespace zorvex {
 
@@ -280,7 +284,7 @@ void AGILogic::SetLogic(AGILogic& copyLogic) {
     sourceText_ = copyLogic.sourceText_;
     sourceDirty_ = copyLogic.sourceDirty_;
     sourceFile_ = copyLogic.SourceFile();
-    Resource().SetRes(copyLogic.Resource());
+    Resource().SetRes(Internal(), copyLogic.Resource());
     Resource().SetAllData(copyLogic.Resource().AllData());
     DataDirty(copyLogic.DataDirty());
     WritePropState(copyLogic.WritePropState());
@@ -321,9 +325,8 @@ void AGILogic::Save(std::string_view saveFile) {
     RequireLoaded();
     if (InGame()) {
         if (!DataDirty()) return;
-        Resource().Save();
+        DataDirty(!Resource().Save());
         WriteSize();
-        DataDirty(false);
     } else if (sourceDirty_) {
         SaveSource(saveFile);
     }

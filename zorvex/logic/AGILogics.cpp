@@ -1,12 +1,12 @@
 #include "zorvex/logic/AGILogics.h"
 
+#include "zorvex/base/Faults.h"
+#include "zorvex/base/Text.h"
 #include "zorvex/compiler/GlobalDefines.h"
 #include "zorvex/compiler/NameTable.h"
 #include "zorvex/compiler/ResourceIDs.h"
-#include "zorvex/game/Faults.h"
-#include "zorvex/game/GameProperties.h"
-#include "zorvex/game/LibraryState.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/state/GameProperties.h"
+#include "zorvex/state/LibraryState.h"
 
 namespace zorvex {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "zorvex/game/Types.h"
+#include "zorvex/base/Types.h"
 #include "zorvex/logic/AGILogic.h"
 #include "zorvex/storage/ResourceCollection.h"
 
@@ -16,7 +16,7 @@ inline constexpr CollectionFamily LogicFamily{rtLogic, "agiLogics", 645, 646, -1
 /// The collection of the logics; Max of an empty one is -1.
 class AGILogics : public ResourceCollection<AGILogic> {
   public:
-    AGILogics() : ResourceCollection(LogicFamily) {}
+    explicit AGILogics(const Internal& key) : ResourceCollection(key, LogicFamily) {}
 
     /// Lets every logic count as not compiled, so that the next full compile of the game compiles it, and
     /// saves the property file. Raises nothing.

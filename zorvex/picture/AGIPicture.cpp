@@ -3,15 +3,16 @@
 #include <algorithm>
 #include <cstring>
 
-#include "zorvex/game/Checked.h"
-#include "zorvex/game/Faults.h"
-#include "zorvex/game/GameProperties.h"
-#include "zorvex/game/Helpers.h"
-#include "zorvex/game/LibraryState.h"
-#include "zorvex/game/Palette.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/base/Checked.h"
+#include "zorvex/base/Faults.h"
+#include "zorvex/base/Internal.h"
+#include "zorvex/base/PathText.h"
+#include "zorvex/base/Text.h"
 #include "zorvex/picture/PictureFunctions.h"
 #include "zorvex/platform/FileSystem.h"
+#include "zorvex/state/GameProperties.h"
+#include "zorvex/state/LibraryState.h"
+#include "zorvex/state/Palette.h"
 
 namespace zorvex {
 namespace {
@@ -299,9 +300,8 @@ void AGIPicture::Save(std::string_view saveFile) {
     if (InGame() && WritePropState()) WriteSettings();
     if (!DataDirty()) return;
     RequireLoaded();
-    Resource().Save(InnerPath(saveFile));
+    DataDirty(!Resource().Save(saveFile));
     if (InGame()) WriteSize();
-    DataDirty(false);
 }
 
 void AGIPicture::TakeFileName(std::string_view path) {
@@ -339,7 +339,7 @@ void AGIPicture::SetPicture(AGIPicture& copyPicture) {
     bkgdSize_ = copyPicture.BkgdSize();
     priBase_ = copyPicture.PriBase();
     const bool dataDirty = copyPicture.DataDirty();
-    Resource().SetRes(copyPicture.Resource());
+    Resource().SetRes(Internal(), copyPicture.Resource());
     if (copyPicture.Loaded()) {
         Attempt([&] { Resource().SetAllData(copyPicture.AllData()); });
         Attempt([this] { BuildBMPs(); });

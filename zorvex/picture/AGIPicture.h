@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "zorvex/game/Types.h"
+#include "zorvex/base/Types.h"
 #include "zorvex/picture/PictureTypes.h"
 #include "zorvex/platform/Bitmaps.h"
 #include "zorvex/storage/GameResource.h"

@@ -7,6 +7,6 @@ constexpr CollectionFamily family{rtPicture, "agiPictures", 647, 648, 0};
 
 }  // namespace
 
-AGIPictures::AGIPictures() : ResourceCollection(family) {}
+AGIPictures::AGIPictures(const Internal& key) : ResourceCollection(key, family) {}
 
 }  // namespace zorvex

@@ -9,7 +9,7 @@ namespace zorvex {
 /// The list of the open game's pictures, see ResourceCollection.
 class AGIPictures final : public ResourceCollection<AGIPicture> {
   public:
-    AGIPictures();
+    explicit AGIPictures(const Internal& key);
 };
 
 }  // namespace zorvex

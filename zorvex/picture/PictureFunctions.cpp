@@ -4,10 +4,10 @@
 #include <array>
 #include <bit>
 
-#include "zorvex/game/Checked.h"
-#include "zorvex/game/Faults.h"
-#include "zorvex/game/LibraryState.h"
+#include "zorvex/base/Checked.h"
+#include "zorvex/base/Faults.h"
 #include "zorvex/picture/PixelWriter.h"
+#include "zorvex/state/LibraryState.h"
 
 namespace zorvex {
 namespace {
@@ -270,18 +270,24 @@ class PictureRun {
     FillStack fillStack_;
 };
 
+PenStatus& SavedPen() {
+    auto& pen = Library().SavedPen;
+    if (!pen) pen = std::make_shared<PenStatus>();
+    return *pen;
+}
+
 }  // namespace
 
 std::int32_t DrawPicture(ByteArray& visData, ByteArray& priData, ByteView picData, std::int32_t endPos,
                          std::int32_t statusPos) {
     visData.assign(PictureSize, BlankVisual);
     priData.assign(PictureSize, BlankPriority);
-    PictureRun run(picData, visData.data(), priData.data(), Library().SavedPen);
+    PictureRun run(picData, visData.data(), priData.data(), SavedPen());
     return run.Draw(endPos, statusPos);
 }
 
 PenStatus GetToolStatus() {
-    return Library().SavedPen;
+    return SavedPen();
 }
 
 }  // namespace zorvex

@@ -10,7 +10,7 @@
 
 #include <cstdint>
 
-#include "zorvex/game/Types.h"
+#include "zorvex/base/Types.h"
 #include "zorvex/picture/PictureTypes.h"
 
 namespace zorvex {

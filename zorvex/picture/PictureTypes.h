@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "zorvex/game/Types.h"
+#include "zorvex/base/Types.h"
 
 namespace zorvex {
 

@@ -9,7 +9,7 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "zorvex/game/Checked.h"
+#include "zorvex/base/Checked.h"
 #include "zorvex/picture/PictureFunctions.h"
 
 namespace zorvex {

@@ -2,6 +2,9 @@
 
 #include <array>
 #include <ctime>
+#include <utility>
+
+#include "zorvex/platform/Services.h"
 
 namespace zorvex {
 
@@ -21,11 +24,6 @@ class SystemClock : public Clock {
                 local.tm_hour,        local.tm_min,     local.tm_sec};
     }
 };
-
-std::shared_ptr<Clock>& ClockInUse() {
-    static std::shared_ptr<Clock> clock = std::make_shared<SystemClock>();
-    return clock;
-}
 
 std::string Padded(int value, std::size_t width) {
     std::string digits = std::to_string(value);
@@ -86,13 +84,13 @@ std::string MediumDateText(const DateTime& date) {
 }
 
 DateTime Now() {
-    return ClockInUse()->Now();
+    const auto& clock = PresentServices().TheClock;
+    return clock ? clock->Now() : SystemClock().Now();
 }
 
 std::shared_ptr<Clock> UseClock(std::shared_ptr<Clock> clock) {
-    std::shared_ptr<Clock> before = ClockInUse();
-    ClockInUse() = clock ? std::move(clock) : std::make_shared<SystemClock>();
-    return before;
+    auto before = std::exchange(PresentServices().TheClock, std::move(clock));
+    return before ? before : std::make_shared<SystemClock>();
 }
 
 }  // namespace zorvex

@@ -38,7 +38,8 @@ class Clock {
 
 /// The present local time by the clock in use.
 DateTime Now();
-/// Puts another clock in use and returns the one used before; an empty pointer restores the system's clock.
+/// Puts another clock in use in the present workspace and returns the one used before; an empty pointer
+/// restores the system's clock.
 std::shared_ptr<Clock> UseClock(std::shared_ptr<Clock> clock);
 
 }  // namespace zorvex

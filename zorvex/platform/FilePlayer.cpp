@@ -1,6 +1,6 @@
 #include "zorvex/platform/FilePlayer.h"
 
-#include "zorvex/game/Text.h"
+#include "zorvex/base/Text.h"
 #include "zorvex/platform/FileSystem.h"
 
 namespace zorvex {

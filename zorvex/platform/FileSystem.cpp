@@ -9,8 +9,9 @@
 #include <system_error>
 #include <utility>
 
-#include "zorvex/game/Error.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/base/Error.h"
+#include "zorvex/base/Text.h"
+#include "zorvex/platform/Services.h"
 
 #ifndef _WIN32
 #include <fcntl.h>
@@ -314,21 +315,21 @@ class SystemFiles : public FileSystem {
     }
 };
 
-std::shared_ptr<FileSystem>& FilesInUse() {
-    static std::shared_ptr<FileSystem> files = MakeSystemFiles();
+const std::shared_ptr<FileSystem>& MachineFiles() {
+    static const std::shared_ptr<FileSystem> files = MakeSystemFiles();
     return files;
 }
 
 }  // namespace
 
 FileSystem& Files() {
-    return *FilesInUse();
+    const auto& files = PresentServices().Files;
+    return files ? *files : *MachineFiles();
 }
 
 std::shared_ptr<FileSystem> UseFileSystem(std::shared_ptr<FileSystem> files) {
-    std::shared_ptr<FileSystem> before = FilesInUse();
-    FilesInUse() = files ? std::move(files) : MakeSystemFiles();
-    return before;
+    auto before = std::exchange(PresentServices().Files, std::move(files));
+    return before ? before : MachineFiles();
 }
 
 std::shared_ptr<FileSystem> MakeSystemFiles() {

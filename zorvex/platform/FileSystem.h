@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-#include "zorvex/game/Types.h"
+#include "zorvex/base/Types.h"
 #include "zorvex/platform/Clock.h"
 
 namespace zorvex {
@@ -71,10 +71,10 @@ class FileSystem {
     virtual std::string TempDirectory() const = 0;
 };
 
-/// The file system in use.
+/// The file system in use in the present workspace.
 FileSystem& Files();
-/// Puts another file system in use and returns the one used before; an empty pointer restores the system's
-/// own.
+/// Puts another file system in use in the present workspace and returns the one used before; an empty pointer
+/// restores the system's own.
 std::shared_ptr<FileSystem> UseFileSystem(std::shared_ptr<FileSystem> files);
 /// A new file system on the machine's own files.
 std::shared_ptr<FileSystem> MakeSystemFiles();

@@ -11,7 +11,7 @@
 #include <string>
 #include <string_view>
 
-#include "zorvex/game/Types.h"
+#include "zorvex/base/Types.h"
 #include "zorvex/platform/Notices.h"
 
 namespace zorvex {

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "zorvex/game/Error.h"
-#include "zorvex/game/Helpers.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/base/Error.h"
+#include "zorvex/base/PathText.h"
+#include "zorvex/base/Text.h"
 
 namespace zorvex {
 

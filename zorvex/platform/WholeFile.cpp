@@ -1,7 +1,8 @@
 #include "zorvex/platform/WholeFile.h"
 
-#include "zorvex/game/Faults.h"
-#include "zorvex/game/Helpers.h"
+#include "zorvex/base/Faults.h"
+#include "zorvex/base/PathText.h"
+#include "zorvex/platform/FileQueries.h"
 #include "zorvex/platform/FileSystem.h"
 
 namespace zorvex {

@@ -5,7 +5,7 @@
 #include <memory>
 #include <utility>
 
-#include "zorvex/game/Types.h"
+#include "zorvex/base/Types.h"
 
 namespace zorvex {
 

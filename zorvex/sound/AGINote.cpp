@@ -1,6 +1,6 @@
 #include "zorvex/sound/AGINote.h"
 
-#include "zorvex/game/Error.h"
+#include "zorvex/base/Error.h"
 #include "zorvex/sound/AGINotes.h"
 
 namespace zorvex {

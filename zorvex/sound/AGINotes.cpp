@@ -1,7 +1,7 @@
 #include "zorvex/sound/AGINotes.h"
 
-#include "zorvex/game/Checked.h"
-#include "zorvex/game/Faults.h"
+#include "zorvex/base/Checked.h"
+#include "zorvex/base/Faults.h"
 #include "zorvex/sound/AGITrack.h"
 #include "zorvex/sound/SoundData.h"
 

@@ -1,17 +1,18 @@
 #include "zorvex/sound/AGISound.h"
 
-#include "zorvex/game/Error.h"
-#include "zorvex/game/Faults.h"
-#include "zorvex/game/GameProperties.h"
-#include "zorvex/game/Helpers.h"
-#include "zorvex/game/HostText.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/base/Error.h"
+#include "zorvex/base/Faults.h"
+#include "zorvex/base/HostText.h"
+#include "zorvex/base/Internal.h"
+#include "zorvex/base/PathText.h"
+#include "zorvex/base/Text.h"
 #include "zorvex/platform/FileSystem.h"
 #include "zorvex/platform/WholeFile.h"
 #include "zorvex/sound/SndSubclass.h"
 #include "zorvex/sound/SoundCodec.h"
 #include "zorvex/sound/SoundConversion.h"
 #include "zorvex/sound/SoundScript.h"
+#include "zorvex/state/GameProperties.h"
 
 namespace zorvex {
 
@@ -286,7 +287,7 @@ void AGISound::SetSound(const AGISound& copySound) {
         description_ = copySound.Description();
         key_ = copySound.key_;
         tpqn_ = copySound.tpqn_;
-        Resource().SetRes(copySound.Resource());
+        Resource().SetRes(Internal(), copySound.Resource());
         if (copySound.Loaded()) Resource().SetAllData(copySound.Resource().View());
         ReleaseTracks();
         if (copySound.tracks_[0] != nullptr) {
@@ -341,9 +342,8 @@ void AGISound::Save(std::string_view saveFile) {
         Export(ResFile(), format, true);
         return;
     }
-    Guarded([&] { Resource().Save(InnerPath(saveFile)); }, [] {});
+    Guarded([&] { DataDirty(!Resource().Save(saveFile)); }, [] {});
     if (InGame()) WriteSize();
-    DataDirty(false);
 }
 
 // --- Files ---

@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "zorvex/game/Event.h"
+#include "zorvex/base/Event.h"
 #include "zorvex/sound/AGITrack.h"
 #include "zorvex/storage/GameResource.h"
 

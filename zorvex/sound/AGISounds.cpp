@@ -10,6 +10,6 @@ constexpr CollectionFamily family{rtSound, "agiSounds", 651, 652, 0, true};
 
 }  // namespace
 
-AGISounds::AGISounds() : ResourceCollection(family), player_(SoundPlayer()) {}
+AGISounds::AGISounds(const Internal& key) : ResourceCollection(key, family), player_(SoundPlayer()) {}
 
 }  // namespace zorvex

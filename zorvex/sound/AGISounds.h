@@ -12,7 +12,7 @@ namespace zorvex {
 /// for the end of a playing sound.
 class AGISounds : public ResourceCollection<AGISound> {
   public:
-    AGISounds();
+    explicit AGISounds(const Internal& key);
 
   private:
     std::shared_ptr<frmSndSubclass> player_;

@@ -1,6 +1,6 @@
 #include "zorvex/sound/AGITrack.h"
 
-#include "zorvex/game/Checked.h"
+#include "zorvex/base/Checked.h"
 #include "zorvex/sound/AGISound.h"
 #include "zorvex/sound/SoundCodec.h"
 #include "zorvex/sound/SoundData.h"

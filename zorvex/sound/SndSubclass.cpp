@@ -1,12 +1,12 @@
 #include "zorvex/sound/SndSubclass.h"
 
-#include "zorvex/game/Faults.h"
-#include "zorvex/game/Helpers.h"
-#include "zorvex/game/LibraryState.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/base/Faults.h"
+#include "zorvex/base/Text.h"
+#include "zorvex/platform/FileQueries.h"
 #include "zorvex/platform/FileSystem.h"
 #include "zorvex/sound/AGISound.h"
 #include "zorvex/sound/SoundData.h"
+#include "zorvex/state/LibraryState.h"
 
 namespace zorvex {
 

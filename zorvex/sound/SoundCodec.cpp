@@ -1,7 +1,7 @@
 #include "zorvex/sound/SoundCodec.h"
 
-#include "zorvex/game/Checked.h"
-#include "zorvex/game/Error.h"
+#include "zorvex/base/Checked.h"
+#include "zorvex/base/Error.h"
 #include "zorvex/sound/AGISound.h"
 #include "zorvex/storage/AGIResource.h"
 

@@ -2,8 +2,7 @@
 
 #include <cmath>
 
-#include "zorvex/game/Helpers.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/base/Text.h"
 
 namespace zorvex {
 

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "zorvex/game/Types.h"
+#include "zorvex/base/Types.h"
 
 namespace zorvex {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "zorvex/game/Text.h"
+#include "zorvex/base/Text.h"
 
 namespace zorvex {
 

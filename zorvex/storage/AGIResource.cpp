@@ -2,12 +2,15 @@
 
 #include <cmath>
 
-#include "zorvex/game/Checked.h"
-#include "zorvex/game/Faults.h"
-#include "zorvex/game/Helpers.h"
-#include "zorvex/game/LibraryState.h"
+#include "zorvex/base/Checked.h"
+#include "zorvex/base/Faults.h"
+#include "zorvex/base/Internal.h"
+#include "zorvex/base/PathText.h"
+#include "zorvex/platform/FileQueries.h"
 #include "zorvex/platform/FileSystem.h"
 #include "zorvex/platform/WholeFile.h"
+#include "zorvex/state/GameSession.h"
+#include "zorvex/state/LibraryState.h"
 #include "zorvex/storage/ResourceFunctions.h"
 #include "zorvex/storage/VolManager.h"
 #include "zorvex/storage/VolumeFiles.h"
@@ -23,8 +26,21 @@ void AGIResource::RaisePosition(std::int32_t id) {
     RaiseCatalogue(id, ErrorSource);
 }
 
+bool AGIResource::Attached() const noexcept {
+    return session_ && session_->IsOpen();
+}
+
+void AGIResource::RequirePresent() const {
+    if (Attached()) session_->RequirePresent(ErrorSource);
+}
+
+void AGIResource::RequirePresent(const Internal& /*key*/) const {
+    RequirePresent();
+}
+
 std::int32_t AGIResource::SizeInVol() const {
-    if (!inGame_) return -1;
+    if (!Attached()) return -1;
+    RequirePresent();
     if (sizeInVol_ == -1) {
         sizeInVol_ = ReadSizeInVol(volume_, loc_);
         if (sizeInVol_ == -1) RaiseCatalogue(625, ErrorSource);
@@ -33,43 +49,44 @@ std::int32_t AGIResource::SizeInVol() const {
 }
 
 std::int32_t AGIResource::Size() {
-    if (size_ == -1 && !loaded_) {
+    if (loaded_) return Length();
+    if (unloadedSize_ == -1) {
         Load();
         Unload();
     }
-    if (size_ == -1) RaiseCatalogue(563, ErrorSource);
-    return size_;
+    if (unloadedSize_ == -1) RaiseCatalogue(563, ErrorSource);
+    return unloadedSize_;
 }
 
 // --- Reading and the marker ---
 ByteArray AGIResource::AllData() const {
     RequireLoaded();
-    return data_;
+    return data_.empty() ? ByteArray(1) : data_;
 }
 
 ByteView AGIResource::View() const {
     RequireLoaded();
-    return ByteView(data_).first(std::min(data_.size(), static_cast<std::size_t>(std::max(size_, 0))));
+    return data_;
 }
 
 std::uint8_t AGIResource::Data(std::int32_t pos) const {
     RequireLoaded();
     if (pos < 0) RaisePosition(514);
-    if (pos >= size_) RaisePosition(515);
+    if (pos >= Length()) RaisePosition(515);
     return At(data_, pos, ErrorSource);
 }
 
 void AGIResource::Data(std::int32_t pos, std::uint8_t value) {
     RequireLoaded();
     if (pos < 0) RaisePosition(514);
-    if (pos >= size_) RaisePosition(515);
+    if (pos >= Length()) RaisePosition(515);
     At(data_, pos, ErrorSource) = value;
     Change.Raise();
 }
 
 void AGIResource::MoveTo(std::int32_t pos) {
     if (pos < 0) RaisePosition(514);
-    if (pos >= size_) RaisePosition(513);
+    if (pos >= Length()) RaisePosition(513);
     curPos_ = pos;
 }
 
@@ -77,7 +94,7 @@ std::uint8_t AGIResource::ReadByte(std::int32_t pos) {
     RequireLoaded();
     if (pos != MaxResourceSize + 1) MoveTo(pos);
     UpdateEnd();
-    if (endOfResource_ || curPos_ > size_) RaisePosition(513);
+    if (endOfResource_ || curPos_ > Length()) RaisePosition(513);
     const std::uint8_t value = At(data_, curPos_, ErrorSource);
     ++curPos_;
     UpdateEnd();
@@ -89,9 +106,9 @@ std::int32_t AGIResource::ReadWord(std::int32_t pos, bool msls) {
     const std::int32_t start = pos == -1 ? curPos_ : pos;
     if (pos != -1) {
         if (pos < 0) RaisePosition(514);
-        if (pos >= size_) RaisePosition(513);
+        if (pos >= Length()) RaisePosition(513);
     }
-    if (start > size_ - 2) RaiseRuntime(reSubscript, ErrorSource);
+    if (start > Length() - 2) RaiseRuntime(reSubscript, ErrorSource);
     const std::int32_t first = At(data_, start, ErrorSource);
     const std::int32_t second = At(data_, start + 1, ErrorSource);
     curPos_ = start + 2;
@@ -107,7 +124,7 @@ std::int32_t AGIResource::GetPos() const {
 void AGIResource::SetPos(std::int32_t pos) {
     RequireLoaded();
     if (pos < 0) RaisePosition(514);
-    if (pos > size_) RaisePosition(513);
+    if (pos > Length()) RaisePosition(513);
     curPos_ = pos;
     UpdateEnd();
 }
@@ -119,8 +136,7 @@ bool AGIResource::EORes() const {
 
 // --- Writing ---
 void AGIResource::Grow(std::int32_t count) {
-    size_ += count;
-    data_.resize(static_cast<std::size_t>(size_));
+    data_.resize(data_.size() + static_cast<std::size_t>(count));
 }
 
 void AGIResource::WriteByte(std::uint8_t value, std::int32_t pos) {
@@ -128,10 +144,10 @@ void AGIResource::WriteByte(std::uint8_t value, std::int32_t pos) {
     if (pos != -1) {
         if (pos >= MaxResourceSize) RaisePosition(516);
         if (pos < 0) RaisePosition(514);
-        if (pos > size_) RaisePosition(517);
+        if (pos > Length()) RaisePosition(517);
     }
-    const std::int32_t target = pos == -1 ? size_ : pos;
-    if (target == size_) Grow(1);
+    const std::int32_t target = pos == -1 ? Length() : pos;
+    if (target == Length()) Grow(1);
     At(data_, target, ErrorSource) = value;
     curPos_ = target + 1;
     UpdateEnd();
@@ -143,13 +159,13 @@ void AGIResource::WriteWord(std::int32_t value, std::int32_t pos, bool msls) {
     if (pos != -1) {
         if (pos >= MaxResourceSize - 1) RaisePosition(516);
         if (pos < 0) RaisePosition(514);
-        if (pos > size_) RaisePosition(513);
+        if (pos > Length()) RaisePosition(513);
     }
     if (value < 0 || value > 0xFFFF) RaiseCatalogue(557, ErrorSource);
-    const std::int32_t target = pos == -1 ? size_ : pos;
-    if (target == size_) {
+    const std::int32_t target = pos == -1 ? Length() : pos;
+    if (target == Length()) {
         Grow(2);
-    } else if (target == size_ - 1) {
+    } else if (target == Length() - 1) {
         Grow(1);
     }
     const auto low = static_cast<std::uint8_t>(value % 256);
@@ -163,13 +179,10 @@ void AGIResource::WriteWord(std::int32_t value, std::int32_t pos, bool msls) {
 
 void AGIResource::InsertData(ByteView newData, std::int32_t insertPos) {
     RequireLoaded();
-    if (insertPos != -1 && (insertPos < 0 || insertPos >= size_)) RaiseCatalogue(620, ErrorSource);
-    data_.resize(
-        static_cast<std::size_t>(size_));  // after Clear the array holds one byte more than Size says
+    if (insertPos != -1 && (insertPos < 0 || insertPos >= Length())) RaiseCatalogue(620, ErrorSource);
     const ByteArray copy(newData.begin(), newData.end());
     const auto at = insertPos == -1 ? data_.end() : data_.begin() + insertPos;
     data_.insert(at, copy.begin(), copy.end());
-    size_ = static_cast<std::int32_t>(data_.size());
     Change.Raise();
 }
 
@@ -184,16 +197,14 @@ void AGIResource::InsertData(double value, std::int32_t insertPos) {
 void AGIResource::RemoveData(std::int32_t removePos, std::int32_t removeCount) {
     RequireLoaded();
     const std::int32_t count = std::max(removeCount, 1);
-    if (removePos < 0 || removePos >= size_) RaiseCatalogue(620, ErrorSource);
-    if (count > size_ - removePos) RaiseRuntime(reSubscript, ErrorSource);
+    if (removePos < 0 || removePos >= Length()) RaiseCatalogue(620, ErrorSource);
+    if (count > Length() - removePos) RaiseRuntime(reSubscript, ErrorSource);
     data_.erase(data_.begin() + removePos, data_.begin() + removePos + count);
-    size_ -= count;
     Change.Raise();
 }
 
 void AGIResource::Replace(ByteView bytes) {
     data_ = ByteArray(bytes.begin(), bytes.end());
-    size_ = static_cast<std::int32_t>(data_.size());
     curPos_ = 0;
     endOfResource_ = false;
 }
@@ -211,79 +222,88 @@ void AGIResource::SetAllData(ByteView bytes) {
 }
 
 // --- Life ---
-void AGIResource::Init(std::uint8_t number, std::int32_t volume, std::int32_t loc) {
+void AGIResource::Init(const Internal& /*key*/, std::uint8_t number, std::int32_t volume, std::int32_t loc) {
     number_ = number;
     volume_ = volume;
     loc_ = loc;
-    inGame_ = true;
+    session_ = Library().Session;
+}
+
+void AGIResource::Detach(const Internal& /*key*/) noexcept {
+    session_.reset();
+    sizeInVol_ = -1;
 }
 
 void AGIResource::NewResource(bool reset) {
-    if (inGame_) RaiseCatalogue(510, ErrorSource);
+    if (Attached()) RaiseCatalogue(510, ErrorSource);
     if (reset) Unload();
+    if (!loaded_) data_.resize(1);
     volume_ = -1;
     loc_ = -1;
     loaded_ = true;
 }
 
 void AGIResource::Unload() {
+    if (loaded_) unloadedSize_ = Length();
     loaded_ = false;
-    data_ = ByteArray(1);
+    data_ = {};
     endOfResource_ = true;
     curPos_ = 0;
 }
 
 void AGIResource::Clear() {
     RequireLoaded();
-    data_ = ByteArray(1);
-    size_ = 0;
+    data_ = {};
     sizeInVol_ = -1;
     curPos_ = 0;
     endOfResource_ = false;
 }
 
-void AGIResource::SetRes(const AGIResource& source) {
-    number_ = source.number_;
+void AGIResource::SetRes(const Internal& /*key*/, const AGIResource& source) {
     resType_ = source.resType_;
     resFile_ = source.resFile_;
-    loaded_ = source.loaded_;
-    size_ = source.size_;
-    if (source.inGame_) {
-        volume_ = source.volume_;
-        loc_ = source.loc_;
-    }
+    if (Attached()) return;
+    number_ = source.number_;
+    volume_ = source.volume_;
+    loc_ = source.loc_;
+    if (!source.loaded_ && loaded_) Unload();
+    if (!loaded_) unloadedSize_ = source.loaded_ ? source.Length() : source.unloadedSize_;
 }
 
-void AGIResource::Save(std::string_view saveFile) {
+bool AGIResource::Save(std::string_view saveFile) {
     RequireLoaded();
-    if (!inGame_) {
+    if (!Attached()) {
         Export(saveFile);
-        return;
+        return true;
     }
-    AddToVol(*this, Library().IsV3);
+    RequirePresent();
+    const bool saved = AddToVol(*this, Library().IsV3);
     Library().LastEdit = Now();
+    return saved;
 }
 
 // --- Files ---
 void AGIResource::Export(std::string_view exportFile) {
     if (exportFile.empty()) RaiseCatalogue(599, ErrorSource);
+    const std::string path = InnerPath(exportFile);
     const bool wasLoaded = loaded_;
     if (!wasLoaded && Attempt([&] { Load(); })) RaiseCatalogue(601, ErrorSource);
-    const auto failed = Attempt([&] { ReplaceWholeFile(exportFile, data_); });
+    const auto failed = Attempt([&] { ReplaceWholeFile(path, AllData()); });
     if (!wasLoaded) Unload();
     if (failed) RaiseCatalogue(582, ErrorSource);
-    if (!inGame_) resFile_ = exportFile;
+    if (!Attached()) resFile_ = path;
 }
 
 void AGIResource::Import(std::string_view importFile) {
     if (importFile.empty()) RaiseCatalogue(604, ErrorSource);
-    if (!FileExists(importFile)) RaiseCatalogue(524, ErrorSource, importFile);
+    const std::string path = InnerPath(importFile);
+    if (!FileExists(path)) RaiseCatalogue(524, ErrorSource, importFile);
     if (loaded_) Unload();
     ByteArray bytes;
-    if (Attempt([&] { bytes = Files().Read(importFile); }) || bytes.empty()) {
+    if (Attempt([&] { bytes = Files().Read(path); }) || bytes.empty()) {
         RaiseCatalogue(605, ErrorSource, importFile);
     }
-    if (!inGame_) resFile_ = importFile;
+    if (!Attached()) resFile_ = path;
     Replace(bytes);
     loaded_ = true;
     Change.Raise();
@@ -291,22 +311,22 @@ void AGIResource::Import(std::string_view importFile) {
 
 void AGIResource::Load() {
     if (loaded_) RaiseCatalogue(511, ErrorSource);
-    const std::string path = inGame_ ? VolumePath(volume_) : resFile_;
+    RequirePresent();
+    const std::string path = Attached() ? VolumePath(volume_) : resFile_;
     if (path.empty()) RaiseCatalogue(626, ErrorSource);
     const std::string name = JustFileName(path);
-    const ByteArray* held = inGame_ ? HeldVolume(path) : nullptr;
+    const ByteArray* held = Attached() ? HeldVolume(path) : nullptr;
     if (held == nullptr && !FileExists(path)) RaiseCatalogue(606, ErrorSource, name);
     curPos_ = 0;
     endOfResource_ = false;
-    const bool isV3 = inGame_ && Library().IsV3;
+    const bool isV3 = Attached() && Library().IsV3;
     StoredResource stored = held != nullptr ? StoredResourceIn(*held, name, loc_, isV3)
-                            : inGame_       ? ReadStoredResource(path, name, loc_, isV3)
+                            : Attached()    ? ReadStoredResource(path, name, loc_, isV3)
                                             : ReadStoredFile(path, name);
-    size_ = static_cast<std::int32_t>(stored.data.size());
-    if (size_ == 0) RaiseCatalogue(507, ErrorSource, std::to_string(reSubscript), name);
+    unloadedSize_ = static_cast<std::int32_t>(stored.data.size());
+    if (stored.data.empty()) RaiseCatalogue(507, ErrorSource, std::to_string(reSubscript), name);
     if (isV3) ExpandStored(stored, resType_, name);
     data_ = std::move(stored.data);
-    size_ = static_cast<std::int32_t>(data_.size());
     loaded_ = true;
 }
 

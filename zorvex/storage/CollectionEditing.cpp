@@ -1,6 +1,9 @@
 // The part of the collections that changes a game: adding, removing and renumbering resources.
-#include "zorvex/game/Faults.h"
-#include "zorvex/game/GameProperties.h"
+#include <optional>
+
+#include "zorvex/base/Faults.h"
+#include "zorvex/base/Internal.h"
+#include "zorvex/state/GameProperties.h"
 #include "zorvex/storage/ResourceCollection.h"
 #include "zorvex/storage/VolManager.h"
 
@@ -26,43 +29,56 @@ void SetUniqueID(GameResource& resource, std::string_view id, Taken&& taken) {
 }  // namespace
 
 std::shared_ptr<GameResource> ResourceCollectionBase::AddMember(std::uint8_t number, GameResource* source) {
+    RequirePresent();
     if (Exists(number)) RaiseCatalogue(602, family_.errorSource);
     std::shared_ptr<GameResource> member;
     std::string newID;
+    // What fails leaves nothing of the resource behind.
+    const auto takeBack = [&] {
+        if (!member || !table_->Has(member)) return;
+        Take(number);
+        DeleteGameSection(member->Section());
+        member->Detach(Internal());
+    };
     Wrapped(family_.addFailure, [&] {
-        member = MakeMember();
-        newID = std::string(member->TypeWord()) + std::to_string(number);
-        if (source != nullptr) {
-            member->CopyFrom(*source);
-            newID = source->ID();
-        }
-        member->Resource().Init(number, -1, -1);
-        Insert(number, member);
-        member->SetIDField("");
-    });
-    SetUniqueID(*member, newID, [](const Error& error) { return error.Is(623); });
-    Wrapped(family_.addFailure, [&] {
-        member->DataDirty(true);
-        member->WritePropState(true);
-        member->Save();
+        Guarded(
+            [&] {
+                member = MakeMember();
+                newID = std::string(member->TypeWord()) + std::to_string(number);
+                if (source != nullptr) {
+                    member->CopyFrom(*source);
+                    newID = source->ID();
+                }
+                member->Resource().Init(Internal(), number, -1, -1);
+                Insert(number, member);
+                member->SetIDField("");
+                SetUniqueID(*member, newID, [](const Error& error) { return error.Is(623); });
+                member->DataDirty(true);
+                member->WritePropState(true);
+                member->Save();
+                if (member->DataDirty()) RaiseRuntime(rePathFileAccess, family_.errorSource);  // no entry
+            },
+            takeBack);
     });
     return member;
 }
 
-void ResourceCollectionBase::Remove(std::uint8_t number) {
+void ResourceCollectionBase::RemoveMember(std::uint8_t number) {
+    RequirePresent();
     const std::shared_ptr<GameResource> member = Require(number);
     if (Attempt([&] {
-            member->Unload();
             Take(number);
-            UpdateDirFile(member->Resource(), true);
+            UpdateDirFile(family_.type, number, std::nullopt);
         })) {
         RaiseCatalogue(617, family_.errorSource);
     }
-    DeleteGameSection(member->Section());
+    const std::string section = member->Section();
+    member->Detach(Internal());
+    DeleteGameSection(section);
 }
 
-void ResourceCollectionBase::Renumber(std::uint8_t oldNumber, std::uint8_t newNumber) {
-    if (oldNumber == newNumber) return;
+void ResourceCollectionBase::RenumberMember(std::uint8_t oldNumber, std::uint8_t newNumber) {
+    RequirePresent();
     if (Exists(newNumber)) RaiseCatalogue(669, family_.errorSource);
     Wrapped(670, [&] {
         const std::shared_ptr<GameResource> member = Require(oldNumber);
@@ -77,16 +93,12 @@ void ResourceCollectionBase::Renumber(std::uint8_t oldNumber, std::uint8_t newNu
             SetUniqueID(*member, newDefault, [](const Error&) { return true; });
             member->DefaultIDFollowed(oldDefault);
         }
-        buffer.Number(newNumber);
+        buffer.Number(Internal(), newNumber);
         Insert(newNumber, member);
         // The new entry is written before the old one goes, so that the resource is in the directory at every
         // moment.
-        if (UpdateDirFile(buffer, false)) {
-            AGIResource former;
-            former.ResType(buffer.ResType());
-            former.Number(oldNumber);
-            UpdateDirFile(former, true);
-        }
+        if (UpdateDirFile(family_.type, newNumber, VolumePlace{buffer.Volume(), buffer.Loc()}))
+            UpdateDirFile(family_.type, oldNumber, std::nullopt);
         member->WriteNumberedProperties();
         member->WritePropState(false);
         if (unloadAtEnd) member->Unload();

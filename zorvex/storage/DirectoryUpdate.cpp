@@ -2,12 +2,12 @@
 #include <algorithm>
 #include <utility>
 
-#include "zorvex/game/Checked.h"
-#include "zorvex/game/Faults.h"
-#include "zorvex/game/LibraryState.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/base/Checked.h"
+#include "zorvex/base/Faults.h"
+#include "zorvex/base/Text.h"
 #include "zorvex/platform/FileSystem.h"
 #include "zorvex/platform/WholeFile.h"
+#include "zorvex/state/LibraryState.h"
 #include "zorvex/storage/AGIResource.h"
 #include "zorvex/storage/ResourceCollection.h"
 #include "zorvex/storage/V3Directory.h"
@@ -105,30 +105,28 @@ void StoreDirectory(const std::string& path, const DirectoryEdit& edit, std::int
 
 }  // namespace
 
-bool UpdateDirFile(const AGIResource& resource, bool remove) {
+bool UpdateDirFile(AGIResType type, std::uint8_t number, std::optional<VolumePlace> place) {
     const auto error = Attempt([&] {
         const LibraryState& library = Library();
         // An emptied directory keeps one empty entry: a directory file without any could not be opened again.
         // A new entry needs room for its own number, which need not be the highest, nor still in the
         // collection.
-        const std::int32_t maxNum =
-            remove ? std::max<std::int32_t>(CollectionOf(resource.ResType())->Max(), 0) : resource.Number();
-        const std::string path =
-            library.GameDir + DirectoryFileName(resource.ResType(), library.IsV3, library.GameID);
-        DirectoryEdit edit(Files().Read(path), resource.ResType(), library.IsV3);
-        const DirectoryEntryBytes entry = remove ? DirectoryEntryBytes{255, 255, 255}
-                                                 : MakeDirectoryEntry(resource.Volume(), resource.Loc());
-        const bool inPlace = remove ? maxNum >= edit.Max() : edit.Max() >= maxNum;
+        const std::int32_t maxNum = place ? number : std::max<std::int32_t>(CollectionOf(type)->Max(), 0);
+        const std::string path = library.GameDir + DirectoryFileName(type, library.IsV3, library.GameID);
+        DirectoryEdit edit(Files().Read(path), type, library.IsV3);
+        const DirectoryEntryBytes entry =
+            place ? MakeDirectoryEntry(place->Volume, place->Loc) : DirectoryEntryBytes{255, 255, 255};
+        const bool inPlace = place ? edit.Max() >= maxNum : maxNum >= edit.Max();
         // What never came into the directory cannot be blanked there; its place may be that of another type.
-        if (remove && inPlace && resource.Number() > edit.Max()) return;
+        if (!place && inPlace && number > edit.Max()) return;
         if (inPlace) {
-            edit.Store(resource.Number(), entry);
-        } else if (remove) {
-            edit.Shrink(maxNum, resource.Number());
-        } else {
+            edit.Store(number, entry);
+        } else if (place) {
             edit.Grow(maxNum, entry);
+        } else {
+            edit.Shrink(maxNum, number);
         }
-        StoreDirectory(path, edit, resource.Number(), entry);
+        StoreDirectory(path, edit, number, entry);
     });
     return !error;
 }

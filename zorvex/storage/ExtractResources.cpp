@@ -4,13 +4,16 @@
 #include <array>
 #include <optional>
 
-#include "zorvex/game/AGIGameEvents.h"
-#include "zorvex/game/Faults.h"
-#include "zorvex/game/GameProperties.h"
-#include "zorvex/game/Helpers.h"
-#include "zorvex/game/LibraryState.h"
+#include "zorvex/base/Faults.h"
+#include "zorvex/base/Internal.h"
+#include "zorvex/base/PathText.h"
+#include "zorvex/platform/FileQueries.h"
 #include "zorvex/platform/FileSystem.h"
 #include "zorvex/platform/WholeFile.h"
+#include "zorvex/state/AGIGameEvents.h"
+#include "zorvex/state/GameProperties.h"
+#include "zorvex/state/GameSession.h"
+#include "zorvex/state/LibraryState.h"
 #include "zorvex/storage/ResourceCollection.h"
 #include "zorvex/storage/V3Directory.h"
 #include "zorvex/storage/VolManager.h"
@@ -65,12 +68,6 @@ std::string SkipText(const SkipReason& reason, const Entry& entry, const Error& 
         case Detail::Volume: detail = volume; break;
     }
     return entry.name + std::string(reason.before) + detail + std::string(reason.after);
-}
-
-void RaiseLoadStatus(AGIResType type, std::size_t number) {
-    if (const auto& events = Library().Events) {
-        events->LoadStatus.Raise(lsResources, type, static_cast<std::uint8_t>(number), "");
-    }
 }
 
 /// One pass over the directory files of a game.
@@ -151,7 +148,8 @@ class Extraction {
                           (bytes[0] & 15) * 65536 + bytes[1] * 256 + bytes[2]};
         ResourceCollectionBase& collection = *CollectionOf(type);
         const auto index = static_cast<std::uint8_t>(number);
-        if (const auto error = Attempt([&] { collection.LoadEntry(index, entry.volume, entry.location); })) {
+        if (const auto error =
+                Attempt([&] { collection.LoadEntry(Internal(), index, entry.volume, entry.location); })) {
             WarnOfSkipped(entry, *error);
         }
         const auto member = collection.Find(index);
@@ -188,6 +186,12 @@ class Extraction {
         });
     }
 
+    void RaiseLoadStatus(AGIResType type, std::size_t number) const {
+        Library().Events->LoadStatus.Raise(lsResources, type, static_cast<std::uint8_t>(number), "");
+        session_.Require(errorSource);
+    }
+
+    RunSession session_;
     bool warnings_ = false;
     bool dirty_ = false;
 };

@@ -2,9 +2,10 @@
 
 #include <algorithm>
 
-#include "zorvex/game/Faults.h"
-#include "zorvex/game/Helpers.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/base/Faults.h"
+#include "zorvex/base/PathText.h"
+#include "zorvex/base/Text.h"
+#include "zorvex/platform/FileQueries.h"
 #include "zorvex/platform/FileSystem.h"
 #include "zorvex/platform/WholeFile.h"
 

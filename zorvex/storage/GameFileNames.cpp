@@ -1,7 +1,7 @@
 #include "zorvex/storage/GameFileNames.h"
 
-#include "zorvex/game/Checked.h"
-#include "zorvex/game/LibraryState.h"
+#include "zorvex/base/Checked.h"
+#include "zorvex/state/LibraryState.h"
 #include "zorvex/storage/ResourceFunctions.h"
 
 namespace zorvex {

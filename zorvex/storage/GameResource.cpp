@@ -1,22 +1,24 @@
 #include "zorvex/storage/GameResource.h"
 
-#include "zorvex/game/Faults.h"
-#include "zorvex/game/GameProperties.h"
-#include "zorvex/game/LibraryState.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/base/Faults.h"
+#include "zorvex/base/Internal.h"
+#include "zorvex/base/PathText.h"
+#include "zorvex/base/Text.h"
+#include "zorvex/platform/FileSystem.h"
+#include "zorvex/state/GameProperties.h"
+#include "zorvex/state/LibraryState.h"
 #include "zorvex/storage/ResourceCollection.h"
 
 namespace zorvex {
 
 namespace {
 
-constexpr std::size_t maxIDLength = 64;
 constexpr std::size_t maxDescriptionLength = 1024;
 
 }  // namespace
 
 GameResource::GameResource(AGIResType type, std::string_view errorSource) : errorSource_(errorSource) {
-    resource_.ResType(type);
+    resource_.ResType(Internal(), type);
     id_ = "New" + std::string(TypeWord());
 }
 
@@ -37,11 +39,19 @@ void GameResource::RequireLoaded() const {
 }
 
 void GameResource::WriteKey(std::string_view key, std::string_view value, bool inGroup) const {
+    if (!InGame()) return;
+    resource_.RequirePresent(Internal());
     WriteGameProperty(Section(), key, value, inGroup ? Group() : std::string());
 }
 
+void GameResource::StoreID(std::string_view value) {
+    id_ = value;
+    if (InGame()) Library().ResourceIDsValid = false;
+}
+
 void GameResource::ID(std::string_view value) {
-    const std::string cut = CutCharacters(value, maxIDLength);
+    if (InGame()) resource_.RequirePresent(Internal());
+    const std::string cut = CutCharacters(value, MaxIDLength);
     if (cut.empty()) RaiseCatalogue(667, errorSource_);
     if (cut == id_) return;
     if (InGame()) {
@@ -51,12 +61,18 @@ void GameResource::ID(std::string_view value) {
             if (taken && other->Number() != Number()) RaiseCatalogue(623, errorSource_);
         }
     }
-    id_ = cut;
-    if (InGame()) {
-        WriteKey("ID", id_);
-        Library().ResourceIDsValid = false;
-    }
+    StoreID(cut);
+    WriteKey("ID", id_);
     IDChanged();
+}
+
+void GameResource::TakeFileName(std::string_view path) {
+    const std::string id = CutCharacters(JustFileName(InnerPath(path)), MaxIDLength);
+    if (InGame()) {
+        Attempt([&] { ID(id); });
+    } else {
+        SetIDField(id);
+    }
 }
 
 void GameResource::SetIDOrRaise686(std::string_view value) {
@@ -74,16 +90,18 @@ void GameResource::SetIDOrRaise686(std::string_view value) {
 void GameResource::Description(std::string_view value) {
     const std::string cut = CutCharacters(value, maxDescriptionLength);
     if (!IsOtherDescription(cut)) return;
+    if (InGame()) resource_.RequirePresent(Internal());
     description_ = cut;
-    if (InGame()) WriteKey("Description", description_);
+    WriteKey("Description", description_);
 }
 
-void GameResource::InitInGame(std::uint8_t number, std::int32_t volume, std::int32_t loc) {
-    resource_.Init(number, volume, loc);
+void GameResource::InitInGame(const Internal& key, std::uint8_t number, std::int32_t volume,
+                              std::int32_t loc) {
+    resource_.Init(key, number, volume, loc);
     id_ = ReadGameString(Section(), "ID", "");
     if (!id_.empty()) {
         description_ = ReadGameString(Section(), "Description", "");
-        resource_.Size(ReadGameLong(Section(), "Size", -1));
+        resource_.Size(key, ReadGameLong(Section(), "Size", -1));
         ReadOwnProperties();
         return;
     }

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "zorvex/game/Types.h"
+#include "zorvex/base/Types.h"
 #include "zorvex/storage/AGIResource.h"
 
 namespace zorvex {
@@ -25,6 +25,7 @@ class GameResource {
 
     // --- The buffer's interface, see AGIResource ---
     bool InGame() const { return resource_.InGame(); }
+    bool Attached() const noexcept { return resource_.Attached(); }
     std::uint8_t Number() const { return resource_.Number(); }
     AGIResType ResType() const { return resource_.ResType(); }
     bool Loaded() const { return resource_.Loaded(); }
@@ -72,19 +73,24 @@ class GameResource {
     /// In a game: settings to the property list, bytes to a volume. A stand-alone object goes to the file.
     virtual void Save(std::string_view saveFile = {}) = 0;
 
+    /// The longest ID, in characters.
+    static constexpr std::size_t MaxIDLength = 64;
+
     // --- For the library ---
     /// Binds the object to a directory entry of the open game. With an ID in the property list the list knows
     /// the resource and nothing is read from the volume; else the bytes are loaded once to learn their size,
     /// whose errors pass, and ID and size are written to the list.
-    void InitInGame(std::uint8_t number, std::int32_t volume, std::int32_t loc);
+    void InitInGame(const Internal& key, std::uint8_t number, std::int32_t volume, std::int32_t loc);
+    /// Takes the object out of its game: it stands alone from now on, and what it holds stays.
+    void Detach(const Internal& key) noexcept { resource_.Detach(key); }
     /// Takes the contents of another object of the same class.
     virtual void CopyFrom(GameResource& source) = 0;
     /// Writes the settings that go along when the resource gets another number.
     virtual void WriteNumberedProperties() const = 0;
     /// After a default ID has followed the resource's new number.
     virtual void DefaultIDFollowed(std::string_view /*oldID*/) {}
-    /// Stores the name without checks or side effects.
-    virtual void SetIDField(std::string_view value) { id_ = value; }
+    /// Stores the name without checks.
+    virtual void SetIDField(std::string_view value) { StoreID(value); }
     /// Notes the size of the bytes in the property list.
     void WriteSize() { WriteKey("Size", std::to_string(resource_.Size())); }
     bool DataDirty() const { return dataDirty_; }
@@ -105,7 +111,10 @@ class GameResource {
     void RequireLoaded() const;
     /// Sets the ID as the base does, and turns a fault that it does not name into 686.
     void SetIDOrRaise686(std::string_view value);
-    /// Writes a key of this resource's section, in its group or in none.
+    /// The name of a file becomes the ID: outside a game without checks; in a game a name that another
+    /// resource has, or that the setter refuses, leaves the old one.
+    void TakeFileName(std::string_view path);
+    /// Writes a key of this resource's section, in its group or in none. Nothing happens outside a game.
     void WriteKey(std::string_view key, std::string_view value, bool inGroup = true) const;
 
     /// Reads the settings that a class keeps of its own, when the property list knows the resource.
@@ -122,6 +131,8 @@ class GameResource {
     std::string description_;
 
   private:
+    void StoreID(std::string_view value);
+
     AGIResource resource_;
     std::string_view errorSource_;
     std::string id_;

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <functional>
 
-#include "zorvex/game/LibraryState.h"
+#include "zorvex/state/LibraryState.h"
 #include "zorvex/storage/ResourceCollection.h"
 #include "zorvex/storage/V3Directory.h"
 #include "zorvex/storage/VolManager.h"

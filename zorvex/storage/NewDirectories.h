@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "zorvex/game/Types.h"
+#include "zorvex/base/Types.h"
 
 namespace zorvex {
 

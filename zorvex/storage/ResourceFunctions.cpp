@@ -4,11 +4,11 @@
 #include <array>
 #include <limits>
 
-#include "zorvex/game/Checked.h"
-#include "zorvex/game/Faults.h"
-#include "zorvex/game/LibraryState.h"
-#include "zorvex/game/ScrambleKey.h"
+#include "zorvex/base/Checked.h"
+#include "zorvex/base/Faults.h"
+#include "zorvex/base/ScrambleKey.h"
 #include "zorvex/platform/FileSystem.h"
+#include "zorvex/state/LibraryState.h"
 #include "zorvex/storage/AGIResource.h"
 
 namespace zorvex {

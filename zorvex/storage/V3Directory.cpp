@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "zorvex/game/Checked.h"
+#include "zorvex/base/Checked.h"
 
 namespace zorvex {
 

@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <functional>
 
-#include "zorvex/game/Types.h"
+#include "zorvex/base/Types.h"
 
 namespace zorvex {
 

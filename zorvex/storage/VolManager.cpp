@@ -2,13 +2,14 @@
 
 #include <algorithm>
 
-#include "zorvex/game/Checked.h"
-#include "zorvex/game/Faults.h"
-#include "zorvex/game/Helpers.h"
-#include "zorvex/game/LibraryState.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/base/Checked.h"
+#include "zorvex/base/Faults.h"
+#include "zorvex/base/Internal.h"
+#include "zorvex/base/Text.h"
+#include "zorvex/platform/FileQueries.h"
 #include "zorvex/platform/FileSystem.h"
 #include "zorvex/platform/WholeFile.h"
+#include "zorvex/state/LibraryState.h"
 #include "zorvex/storage/AGIResource.h"
 #include "zorvex/storage/ResourceCollection.h"
 #include "zorvex/storage/ResourceFunctions.h"
@@ -73,8 +74,8 @@ bool PlaceAtEnd(AGIResource& resource) {
         const std::uint64_t length = FileExists(path) ? Files().Size(path) : 0;
         if (length + static_cast<std::uint64_t>(resource.Size()) <
             static_cast<std::uint64_t>(Library().MaxVolSize)) {
-            resource.Volume(volume);
-            resource.Loc(static_cast<std::int32_t>(length));
+            resource.Volume(Internal(), volume);
+            resource.Loc(Internal(), static_cast<std::int32_t>(length));
             return true;
         }
     }
@@ -110,8 +111,8 @@ void FindFreeVOLSpace(AGIResource& resource) {
     for (std::int32_t volume = 0; volume <= HighestVolume(isV3); ++volume) {
         const std::int32_t loc = FirstGap(spans[static_cast<std::size_t>(volume)], needed);
         if (loc < 0) continue;
-        resource.Volume(volume);
-        resource.Loc(loc);
+        resource.Volume(Internal(), volume);
+        resource.Loc(Internal(), loc);
         return;
     }
     RaiseTooBig(source);
@@ -154,9 +155,11 @@ class PlacedWrite {
         Attempt([&] { old_.length = resource.SizeInVol() + HeaderLength(isV3_); });
     }
 
-    void Run() {
+    /// False when the directory could not be made to point at the new form.
+    bool Run() {
         FindFreeVOLSpace(resource_);
         Guarded([this] { WriteTo(PlaceFound()); }, [this] { Return(); });
+        return entryWritten_;
     }
 
   private:
@@ -253,9 +256,12 @@ class PlacedWrite {
 
     /// Points the directory at a place; if that fails, the place that it still points at counts as taken.
     void UpdateEntry(const Place& place) {
-        resource_.Volume(place.volume);
-        resource_.Loc(place.loc);
-        if (UpdateDirFile(resource_, false) || (place.volume == old_.volume && place.loc == old_.loc)) {
+        resource_.Volume(Internal(), place.volume);
+        resource_.Loc(Internal(), place.loc);
+        entryWritten_ = (place.volume == old_.volume && place.loc == old_.loc);
+        if (UpdateDirFile(resource_.ResType(), resource_.Number(), VolumePlace{place.volume, place.loc}))
+            entryWritten_ = true;
+        if (entryWritten_) {
             UpdateSizeInVol(resource_, place.length - HeaderLength(isV3_));
             old_ = place;
             return;
@@ -265,34 +271,38 @@ class PlacedWrite {
 
     /// The place that the directory names is the one that counts, and it is not free.
     void Return() {
-        resource_.Volume(old_.volume);
-        resource_.Loc(old_.loc);
+        resource_.Volume(Internal(), old_.volume);
+        resource_.Loc(Internal(), old_.loc);
     }
 
     AGIResource& resource_;
     bool isV3_;
     Place old_{};
+    bool entryWritten_ = false;
 };
 
 }  // namespace
 
-void AddToVol(AGIResource& resource, bool isV3File, bool rebuild) {
+bool AddToVol(AGIResource& resource, bool isV3File, bool rebuild) {
+    if (!resource.InGame()) RaiseRuntime(reObjectNotSet, AGIResource::ErrorSource);
+    resource.RequirePresent(Internal());
     const auto size = static_cast<std::int32_t>(resource.View().size());
     if (size > 0xFFFF) RaiseCatalogue(516, AGIResource::ErrorSource);  // the header has 16 bits for the size
     if (!rebuild) {
-        PlacedWrite(resource).Run();
-        return;
+        return PlacedWrite(resource).Run();
     }
     LibraryState& library = Library();
     Wrapped(638, [&] { library.NewVolFile->Add(HeaderAndData(resource, library.CurrentVol, isV3File)); });
     UpdateSizeInVol(resource, size);
     library.CurrentLoc += size + HeaderLength(isV3File);
+    return true;
 }
 
 void UpdateSizeInVol(const AGIResource& resource, std::int32_t size) {
     const ResourceCollectionBase* collection = CollectionOf(resource.ResType());
     if (collection == nullptr) return;
-    if (const auto member = collection->Find(resource.Number())) member->Resource().SizeInVol(size);
+    if (const auto member = collection->Find(resource.Number()))
+        member->Resource().SizeInVol(Internal(), size);
 }
 
 std::int32_t ReadSizeInVol(std::int32_t volume, std::int32_t loc) {

@@ -8,9 +8,10 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 
-#include "zorvex/game/Types.h"
+#include "zorvex/base/Types.h"
 #include "zorvex/storage/GameFileNames.h"
 
 namespace zorvex {
@@ -27,16 +28,24 @@ std::string VolumePath(std::int32_t volume);
 
 /// Writes a resource, uncompressed. Without `rebuild` it goes to free space of the open game's volumes and
 /// its directory entry follows; with `rebuild` it goes to CurrentLoc, the end of the new volume under
-/// construction, and may reach the disk with a later one. Raises 593 and 638.
-void AddToVol(AGIResource& resource, bool isV3File, bool rebuild = false);
+/// construction, and may reach the disk with a later one. Raises 593 and 638; 91, with nothing written, for a
+/// resource that does not belong to the open game. False when the directory entry could not be written: then
+/// the resource keeps its former place, and the game its former bytes.
+bool AddToVol(AGIResource& resource, bool isV3File, bool rebuild = false);
 
 /// Gives a resource the first gap, lowest volume and lowest offset first, that takes its header and bytes.
 /// Raises 593. The cost grows with the number of resources, not with the size of the volumes.
 void FindFreeVOLSpace(AGIResource& resource);
 
-/// Writes a resource's directory entry on disk, or with `remove` blanks it; the directory grows or shrinks to
-/// the collection's highest number. Raises nothing; false when the entry could not be written.
-bool UpdateDirFile(const AGIResource& resource, bool remove);
+/// Where a resource lies.
+struct VolumePlace {
+    std::int32_t Volume;
+    std::int32_t Loc;
+};
+
+/// Writes a resource's directory entry on disk, or blanks it where it has no place; the directory grows or
+/// shrinks to the collection's highest number. Raises nothing; false when the entry could not be written.
+bool UpdateDirFile(AGIResType type, std::uint8_t number, std::optional<VolumePlace> place);
 
 /// Stores the size that a resource takes in its volume on the collection's object of that type and number.
 void UpdateSizeInVol(const AGIResource& resource, std::int32_t size);

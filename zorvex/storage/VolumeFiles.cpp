@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "zorvex/game/Faults.h"
-#include "zorvex/game/LibraryState.h"
+#include "zorvex/base/Faults.h"
 #include "zorvex/platform/FileSystem.h"
+#include "zorvex/state/LibraryState.h"
 #include "zorvex/storage/ResourceFunctions.h"
 
 namespace zorvex {

@@ -1,7 +1,7 @@
 #include "zorvex/view/AGICel.h"
 
-#include "zorvex/game/Error.h"
-#include "zorvex/game/LibraryState.h"
+#include "zorvex/base/Error.h"
+#include "zorvex/state/LibraryState.h"
 
 namespace zorvex {
 

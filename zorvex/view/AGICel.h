@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <memory>
 
-#include "zorvex/game/Types.h"
+#include "zorvex/base/Types.h"
 #include "zorvex/platform/Bitmaps.h"
 #include "zorvex/view/CelPixels.h"
 #include "zorvex/view/ViewLink.h"

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "zorvex/game/Checked.h"
-#include "zorvex/game/Faults.h"
+#include "zorvex/base/Checked.h"
+#include "zorvex/base/Faults.h"
 
 namespace zorvex {
 

@@ -1,6 +1,6 @@
 #include "zorvex/view/AGILoop.h"
 
-#include "zorvex/game/Error.h"
+#include "zorvex/base/Error.h"
 #include "zorvex/view/AGILoops.h"
 
 namespace zorvex {

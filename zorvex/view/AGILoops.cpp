@@ -4,8 +4,8 @@
 #include <cstdlib>
 #include <string>
 
-#include "zorvex/game/Checked.h"
-#include "zorvex/game/Faults.h"
+#include "zorvex/base/Checked.h"
+#include "zorvex/base/Faults.h"
 
 namespace zorvex {
 

@@ -1,8 +1,9 @@
 #include "zorvex/view/AGIView.h"
 
-#include "zorvex/game/Faults.h"
-#include "zorvex/game/Helpers.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/base/Faults.h"
+#include "zorvex/base/Internal.h"
+#include "zorvex/base/PathText.h"
+#include "zorvex/base/Text.h"
 #include "zorvex/platform/FileSystem.h"
 #include "zorvex/view/ViewCodec.h"
 
@@ -174,9 +175,8 @@ void AGIView::Save(std::string_view saveFile) {
     RequireLoaded();
     if (!DataDirty()) return;
     BuildViewData();
-    Resource().Save(InnerPath(saveFile));
+    DataDirty(!Resource().Save(saveFile));
     if (InGame()) WriteSize();
-    DataDirty(false);
 }
 
 void AGIView::Export(std::string_view exportFile, bool resetDirty) {
@@ -215,7 +215,7 @@ void AGIView::CopyFrom(AGIView& source) {
     const std::shared_ptr<AGILoops> loops = source.Loaded() ? source.Loops() : nullptr;
     SetIDField(source.ID());
     description_ = source.Description();
-    Resource().SetRes(source.Resource());
+    Resource().SetRes(Internal(), source.Resource());
     DropLoops();
     if (loops) {
         Resource().SetAllData(source.Resource().View());

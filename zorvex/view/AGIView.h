@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "zorvex/game/Event.h"
+#include "zorvex/base/Event.h"
 #include "zorvex/storage/GameResource.h"
 #include "zorvex/view/AGILoops.h"
 

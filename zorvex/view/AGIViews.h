@@ -11,7 +11,7 @@ inline constexpr CollectionFamily ViewsFamily{rtView, "agiViews", 649, 650, 0};
 /// The views of the open game, by resource number. See ResourceCollection.
 class AGIViews : public ResourceCollection<AGIView> {
   public:
-    AGIViews() : ResourceCollection(ViewsFamily) {}
+    explicit AGIViews(const Internal& key) : ResourceCollection(key, ViewsFamily) {}
 };
 
 }  // namespace zorvex

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "zorvex/game/Error.h"
+#include "zorvex/base/Error.h"
 
 namespace zorvex {
 

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "zorvex/game/Types.h"
+#include "zorvex/base/Types.h"
 
 namespace zorvex {
 

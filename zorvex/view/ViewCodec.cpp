@@ -4,8 +4,8 @@
 #include <array>
 #include <optional>
 
-#include "zorvex/game/Checked.h"
-#include "zorvex/game/Faults.h"
+#include "zorvex/base/Checked.h"
+#include "zorvex/base/Faults.h"
 #include "zorvex/storage/AGIResource.h"
 #include "zorvex/view/AGICel.h"
 #include "zorvex/view/AGILoops.h"

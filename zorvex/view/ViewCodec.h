@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "zorvex/game/Types.h"
+#include "zorvex/base/Types.h"
 #include "zorvex/view/CelPixels.h"
 
 namespace zorvex {

@@ -1,6 +1,6 @@
 #include "zorvex/vocab/AGIInventoryItem.h"
 
-#include "zorvex/game/Text.h"
+#include "zorvex/base/Text.h"
 #include "zorvex/vocab/AGIInventoryObjects.h"
 
 namespace zorvex {

@@ -3,8 +3,8 @@
 #include <optional>
 #include <utility>
 
-#include "zorvex/game/Checked.h"
-#include "zorvex/game/Faults.h"
+#include "zorvex/base/Checked.h"
+#include "zorvex/base/Faults.h"
 #include "zorvex/platform/FileSystem.h"
 #include "zorvex/vocab/ObjectFile.h"
 #include "zorvex/vocab/ObjectText.h"

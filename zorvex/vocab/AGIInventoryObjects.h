@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "zorvex/game/Types.h"
+#include "zorvex/base/Types.h"
 #include "zorvex/vocab/AGIInventoryItem.h"
 #include "zorvex/vocab/GameList.h"
 #include "zorvex/vocab/InventoryData.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "zorvex/game/Faults.h"
+#include "zorvex/base/Faults.h"
 
 namespace zorvex {
 

@@ -2,10 +2,10 @@
 
 #include <optional>
 
-#include "zorvex/game/Checked.h"
-#include "zorvex/game/Faults.h"
-#include "zorvex/game/LibraryState.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/base/Checked.h"
+#include "zorvex/base/Faults.h"
+#include "zorvex/base/Text.h"
+#include "zorvex/state/LibraryState.h"
 #include "zorvex/vocab/WordsFile.h"
 #include "zorvex/vocab/WordsText.h"
 

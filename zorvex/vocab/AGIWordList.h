@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
-#include "zorvex/game/MappedIterator.h"
-#include "zorvex/game/Types.h"
+#include "zorvex/base/MappedIterator.h"
+#include "zorvex/base/Types.h"
 #include "zorvex/vocab/AGIWordGroup.h"
 #include "zorvex/vocab/GameList.h"
 #include "zorvex/vocab/WordTable.h"

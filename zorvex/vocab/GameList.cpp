@@ -3,13 +3,15 @@
 #include <optional>
 #include <utility>
 
-#include "zorvex/game/Faults.h"
-#include "zorvex/game/GameProperties.h"
-#include "zorvex/game/Helpers.h"
-#include "zorvex/game/LibraryState.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/base/Faults.h"
+#include "zorvex/base/Internal.h"
+#include "zorvex/base/Text.h"
+#include "zorvex/platform/FileQueries.h"
 #include "zorvex/platform/FileSystem.h"
 #include "zorvex/platform/WholeFile.h"
+#include "zorvex/state/GameProperties.h"
+#include "zorvex/state/GameSession.h"
+#include "zorvex/state/LibraryState.h"
 #include "zorvex/vocab/TextForm.h"
 
 namespace zorvex {
@@ -37,16 +39,28 @@ std::string GameList::GameFile(std::string_view name) {
     return Library().GameDir + std::string(name);
 }
 
-void GameList::JoinGame(bool loaded) {
-    inGame_ = true;
+bool GameList::Attached() const noexcept {
+    return session_ && session_->IsOpen();
+}
+
+void GameList::RequirePresent() const {
+    if (Attached()) session_->RequirePresent(family_.ErrorSource);
+}
+
+void GameList::JoinGame(const Internal& /*key*/, bool loaded) {
+    session_ = Library().Session;
     loaded_ = loaded;
     resFile_ = GameFile(family_.FileName);
+}
+
+void GameList::LeaveGame(const Internal& /*key*/) noexcept {
+    session_.reset();
 }
 
 // --- State ---
 void GameList::BeginNew() {
     if (loaded_) RaiseCatalogue(642, family_.ErrorSource);
-    if (inGame_) RaiseCatalogue(510, family_.ErrorSource);
+    if (Attached()) RaiseCatalogue(510, family_.ErrorSource);
     resFile_.clear();
     BecomeLoaded({});
     Clear();
@@ -59,7 +73,7 @@ void GameList::BecomeLoaded(std::string_view description) {
 
 void GameList::TakeStateOf(const GameList& other) {
     isDirty_ = other.isDirty_;
-    if (!inGame_) resFile_ = other.resFile_;
+    if (!Attached()) resFile_ = other.resFile_;
 }
 
 void GameList::Clear() {
@@ -75,7 +89,7 @@ void GameList::Unload() {
 }
 
 void GameList::ResFile(std::string_view value) {
-    if (inGame_) RaiseCatalogue(680, family_.ErrorSource);
+    if (Attached()) RaiseCatalogue(680, family_.ErrorSource);
     resFile_ = InnerPath(value);
 }
 
@@ -88,8 +102,9 @@ void GameList::Description(std::string_view value) {
     RequireLoaded();
     std::string cut = CutCharacters(value, MaxDescription);
     if (cut == description_) return;
+    RequirePresent();
     description_ = std::move(cut);
-    if (inGame_) WriteGameProperty(family_.FileName, descriptionKey, description_);
+    if (Attached()) WriteGameProperty(family_.FileName, descriptionKey, description_);
 }
 
 // --- Reading ---
@@ -100,8 +115,9 @@ void GameList::Load(std::string_view loadFile) {
 
 void GameList::Load(std::string& loadFile) {
     if (loaded_) RaiseCatalogue(511, family_.ErrorSource);
+    RequirePresent();
     loadErrorLine_ = 0;
-    if (inGame_) {
+    if (Attached()) {
         loadFile = GameFile(family_.FileName);
         LoadFromGame();
     } else {
@@ -155,7 +171,8 @@ void GameList::Write(const std::string& file, std::int32_t fileType) const {
 
 void GameList::Save(std::string_view saveFile, std::int32_t fileType) {
     RequireLoaded();
-    if (inGame_) {
+    RequirePresent();
+    if (Attached()) {
         Write(resFile_, interpretersForm);
     } else {
         std::string file = saveFile.empty() ? resFile_ : InnerPath(saveFile);
@@ -169,7 +186,7 @@ void GameList::Export(std::string_view exportFile, std::int32_t fileType, bool r
     RequireLoaded();
     std::string file = InnerPath(exportFile);
     Write(file, fileType);
-    if (inGame_) return;
+    if (Attached()) return;
     resFile_ = std::move(file);
     if (resetDirty) isDirty_ = false;
 }

@@ -3,12 +3,16 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
-#include "zorvex/game/Types.h"
+#include "zorvex/base/Types.h"
 
 namespace zorvex {
+
+class GameSession;
+class Internal;
 
 /// What tells one class of lists from the other.
 struct GameListFamily {
@@ -57,7 +61,10 @@ class GameList {
 
     bool Loaded() const { return loaded_; }
     /// True for the list of the open game.
-    bool InGame() const { return inGame_; }
+    bool InGame() const { return Attached(); }
+    /// The same, whatever workspace is current. A list leaves its game when that is closed or another takes
+    /// its place; it stands alone from then on and keeps what it holds.
+    bool Attached() const noexcept;
     /// True when something but the description has changed since the last save.
     bool IsDirty() const { return isDirty_; }
     void IsDirty(bool value) { isDirty_ = value; }
@@ -71,13 +78,15 @@ class GameList {
 
     // --- For the library ---
     /// Makes this the list of the open game, kept in the game directory.
-    void JoinGame(bool loaded);
-    void LeaveGame() { inGame_ = false; }
+    void JoinGame(const Internal& key, bool loaded);
+    void LeaveGame(const Internal& key) noexcept;
 
   protected:
     explicit GameList(const GameListFamily& family) : family_(family) {}
 
     void RequireLoaded() const;
+    /// Raises 91 when the game that this belongs to is not that of the present workspace.
+    void RequirePresent() const;
     /// Begins a stand-alone list without contents. Raises 642 when loaded and 510 for the list of a game.
     void BeginNew();
     /// Takes the place of what the list held. The description counts with the contents.
@@ -108,7 +117,7 @@ class GameList {
 
     const GameListFamily& family_;
     std::string resFile_;
-    bool inGame_ = false;
+    std::shared_ptr<const GameSession> session_;  // of the game that this belongs to, even when it has ended
     bool isDirty_ = false;
     bool loaded_ = false;
     std::int32_t loadErrorLine_ = 0;

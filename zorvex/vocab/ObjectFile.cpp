@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <limits>
 
-#include "zorvex/game/Checked.h"
-#include "zorvex/game/ScrambleKey.h"
+#include "zorvex/base/Checked.h"
+#include "zorvex/base/ScrambleKey.h"
 
 namespace zorvex {
 

@@ -17,7 +17,7 @@
 
 #include <optional>
 
-#include "zorvex/game/Types.h"
+#include "zorvex/base/Types.h"
 #include "zorvex/vocab/InventoryData.h"
 
 namespace zorvex {

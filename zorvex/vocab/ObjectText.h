@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "zorvex/game/Types.h"
+#include "zorvex/base/Types.h"
 #include "zorvex/vocab/InventoryData.h"
 
 namespace zorvex {

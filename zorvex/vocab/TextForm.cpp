@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <array>
 
-#include "zorvex/game/HostText.h"
-#include "zorvex/game/LibraryState.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/base/HostText.h"
+#include "zorvex/base/Text.h"
+#include "zorvex/state/LibraryState.h"
 
 namespace zorvex {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <utility>
 
-#include "zorvex/game/Faults.h"
+#include "zorvex/base/Faults.h"
 
 namespace zorvex {
 

@@ -7,7 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "zorvex/game/Types.h"
+#include "zorvex/base/Types.h"
 #include "zorvex/vocab/AGIWordGroup.h"
 #include "zorvex/vocab/VocabularyData.h"
 

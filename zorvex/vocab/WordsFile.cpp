@@ -4,8 +4,8 @@
 #include <string>
 #include <utility>
 
-#include "zorvex/game/Checked.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/base/Checked.h"
+#include "zorvex/base/Text.h"
 
 namespace zorvex {
 

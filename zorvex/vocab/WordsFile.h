@@ -10,7 +10,7 @@
 
 #include <optional>
 
-#include "zorvex/game/Types.h"
+#include "zorvex/base/Types.h"
 #include "zorvex/vocab/VocabularyData.h"
 
 namespace zorvex {

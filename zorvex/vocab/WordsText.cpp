@@ -5,8 +5,8 @@
 #include <unordered_set>
 #include <utility>
 
-#include "zorvex/game/Error.h"
-#include "zorvex/game/Text.h"
+#include "zorvex/base/Error.h"
+#include "zorvex/base/Text.h"
 #include "zorvex/vocab/AGIWordList.h"
 #include "zorvex/vocab/TextForm.h"
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "zorvex/game/Types.h"
+#include "zorvex/base/Types.h"
 #include "zorvex/vocab/VocabularyData.h"
 
 namespace zorvex {

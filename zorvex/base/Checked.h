@@ -1,0 +1,30 @@
+// Arithmetic and indexing with stated bounds.
+#pragma once
+
+#include <cstddef>
+#include <type_traits>
+#include <utility>
+
+#include "zorvex/base/Error.h"
+
+namespace zorvex {
+
+/// The value in the narrower type; raises run-time error 6, "Overflow", when it does not fit.
+template <class To, class From>
+constexpr To Narrow(From value, std::string_view source = {}) {
+    static_assert(std::is_integral_v<To> && std::is_integral_v<From>);
+    if (!std::in_range<To>(value)) RaiseRuntime(reOverflow, source);
+    return static_cast<To>(value);
+}
+
+/// The element at an index; raises run-time error 9, "Subscript out of range", outside the container.
+template <class Container, class Index>
+constexpr decltype(auto) At(Container&& container, Index index, std::string_view source = {}) {
+    static_assert(std::is_integral_v<Index>);
+    if (std::cmp_less(index, 0) || std::cmp_greater_equal(index, std::size(container))) {
+        RaiseRuntime(reSubscript, source);
+    }
+    return std::forward<Container>(container)[static_cast<std::size_t>(index)];
+}
+
+}  // namespace zorvex

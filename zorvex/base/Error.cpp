@@ -1,0 +1,107 @@
+#include "zorvex/base/Error.h"
+
+#include <array>
+#include <new>
+#include <stdexcept>
+#include <system_error>
+
+#include "zorvex/base/ErrorCatalogue.h"
+#include "zorvex/base/Text.h"
+
+namespace zorvex {
+
+namespace {
+
+struct RuntimeMessage {
+    std::int32_t number;
+    std::string_view text;
+};
+
+constexpr std::array runtimeMessages{
+    RuntimeMessage{reInvalidCall, "Invalid procedure call or argument"},
+    RuntimeMessage{reOverflow, "Overflow"},
+    RuntimeMessage{reOutOfMemory, "Out of memory"},
+    RuntimeMessage{reSubscript, "Subscript out of range"},
+    RuntimeMessage{reTypeMismatch, "Type Mismatch"},
+    RuntimeMessage{reInternal, "Internal error"},
+    RuntimeMessage{reFileNotFound, "File not found"},
+    RuntimeMessage{reFileAlreadyOpen, "File already open"},
+    RuntimeMessage{reDeviceIO, "Device I/O error"},
+    RuntimeMessage{reFileExists, "File already exists"},
+    RuntimeMessage{reDiskFull, "Disk full"},
+    RuntimeMessage{reInputPastEnd, "Input past end of file"},
+    RuntimeMessage{reBadFileName, "Bad file name"},
+    RuntimeMessage{rePermissionDenied, "Permission denied"},
+    RuntimeMessage{rePathFileAccess, "Path/File access error"},
+    RuntimeMessage{rePathNotFound, "Path not found"},
+    RuntimeMessage{reObjectNotSet, "Object is not part of the present library or of an open game"},
+    RuntimeMessage{reInvalidPropertyValue, "Invalid property Value"},
+    RuntimeMessage{reReadOnlyProperty, "Can't assign to read-only property"},
+};
+
+}  // namespace
+
+Error::Error(std::int32_t number, std::string source, std::string description)
+    : number_(number), source_(std::move(source)), description_(std::move(description)) {}
+
+std::int32_t Error::Id() const {
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(number_) -
+                                     static_cast<std::uint32_t>(ObjectErrorBase));
+}
+
+std::string Error::NumberAndText() const {
+    return std::to_string(number_) + ":" + description_;
+}
+
+std::string CatalogueText(std::int32_t id, std::initializer_list<std::string_view> fillers) {
+    std::string text(CatalogueEntry(id));
+    std::string placeholder = "%1";
+    for (const std::string_view filler : fillers) {
+        text = ReplaceAll(text, placeholder, filler);
+        ++placeholder[1];
+    }
+    return text;
+}
+
+void RaiseFromCatalogue(std::int32_t id, std::string_view source,
+                        std::initializer_list<std::string_view> fillers) {
+    throw Error(ObjectErrorBase + id, std::string(source), CatalogueText(id, fillers));
+}
+
+void RaiseRuntime(std::int32_t number, std::string_view source) {
+    throw Error(number, std::string(source), std::string(RuntimeText(number)));
+}
+
+void RaiseText(std::int32_t number, std::string_view source, std::string_view description) {
+    throw Error(number, std::string(source), std::string(description));
+}
+
+std::string_view RuntimeText(std::int32_t number) {
+    for (const RuntimeMessage& message : runtimeMessages) {
+        if (message.number == number) return message.text;
+    }
+    return "Application-defined or object-defined error";
+}
+
+Error CurrentError() {
+    const auto runtime = [](std::int32_t number) {
+        return Error(number, "", std::string(RuntimeText(number)));
+    };
+    try {
+        throw;
+    } catch (const Error& error) {
+        return error;
+    } catch (const std::bad_alloc&) {
+        return runtime(reOutOfMemory);
+    } catch (const std::length_error&) {
+        return runtime(reOutOfMemory);
+    } catch (const std::out_of_range&) {
+        return runtime(reSubscript);
+    } catch (const std::exception& error) {
+        return Error(reInternal, "", error.what());
+    } catch (...) {
+        return runtime(reInternal);
+    }
+}
+
+}  // namespace zorvex

@@ -1,0 +1,25 @@
+// The replaceable services that a thread uses: its files and its clock.
+#pragma once
+
+#include <memory>
+
+namespace zorvex {
+
+class Clock;
+class FileSystem;
+
+/// The file system and the clock in use; an empty pointer stands for the machine's own. Each workspace has a
+/// set of them, so that the games of two workspaces can lie in different file systems.
+struct Services {
+    std::shared_ptr<FileSystem> Files;
+    std::shared_ptr<Clock> TheClock;
+};
+
+/// The set that is current in this thread: that of its present workspace, or one of the thread's own.
+Services& PresentServices() noexcept;
+
+/// Makes another set current in this thread and returns the one before; a null pointer stands for the
+/// thread's own.
+Services* UseServices(Services* services) noexcept;
+
+}  // namespace zorvex

@@ -1,0 +1,28 @@
+// The events of the library.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "zorvex/base/Event.h"
+#include "zorvex/base/Types.h"
+
+namespace zorvex {
+
+/// Three events, delivered inside the raising call on the caller's thread. During CompileGameStatus the only
+/// call that a handler may make into the game is AGIGame::CancelCompile.
+class AGIGameEvents {
+  public:
+    AGIGameEvents() = default;
+    AGIGameEvents(const AGIGameEvents&) = delete;
+    AGIGameEvents& operator=(const AGIGameEvents&) = delete;
+
+    /// Progress and problems of AGIGame::CompileGame: status, resource type, number, text.
+    Event<ECStatus, AGIResType, std::uint8_t, const std::string&> CompileGameStatus;
+    /// Progress of a game load: status, resource type, number, text.
+    Event<ELStatus, AGIResType, std::uint8_t, const std::string&> LoadStatus;
+    /// A warning of the logic compiler: its text and the logic's number.
+    Event<const std::string&, std::uint8_t> LogCompWarning;
+};
+
+}  // namespace zorvex

@@ -1,0 +1,49 @@
+// The time for which one game is open, and what belongs to it.
+#pragma once
+
+#include <memory>
+#include <string_view>
+
+namespace zorvex {
+
+struct LibraryState;
+
+/// A session begins when a game is being opened and ends when it is closed, when its opening fails, and when
+/// its AGIGame or its workspace goes. Resources and lists of the game share it; once it has ended, none of
+/// them reaches a property list, a volume or a directory any more.
+class GameSession {
+  public:
+    explicit GameSession(LibraryState& record) : record_(&record) {}
+    GameSession(const GameSession&) = delete;
+    GameSession& operator=(const GameSession&) = delete;
+
+    bool IsOpen() const noexcept { return record_ != nullptr; }
+    void End() noexcept { record_ = nullptr; }
+    /// True while the session is open and its workspace is the one that is current in this thread.
+    bool IsPresent() const;
+    /// Raises 91 unless IsPresent.
+    void RequirePresent(std::string_view errorSource) const;
+
+  private:
+    LibraryState* record_;
+};
+
+/// The session in which a run began. The handler of an event may close the game or start the library afresh;
+/// the run asks after each event and then touches nothing any more.
+class RunSession {
+  public:
+    RunSession();
+    bool Lasts() const;
+    /// Raises 91 unless the session lasts.
+    void Require(std::string_view errorSource) const;
+
+  private:
+    std::shared_ptr<const GameSession> session_;
+};
+
+/// Begins a session of the present record; one that is still there ends.
+void BeginGameSession();
+/// Ends the session of a record, if it has one, and empties its collections, whose members a host may keep.
+void EndGameSession(LibraryState& record) noexcept;
+
+}  // namespace zorvex
