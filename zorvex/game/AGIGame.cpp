@@ -286,6 +286,13 @@ void AGIGame::CompileGame(bool rebuildOnly, std::string_view newGameDir) {
     CompileGameFiles(rebuildOnly, newGameDir);
 }
 
+BuildReport AGIGame::Build(const BuildOptions& options) {
+    State();
+    BuildReport report;
+    BuildGameFiles(options, {}, report);
+    return report;
+}
+
 // --- Descriptive values ---
 std::string AGIGame::GameAuthor() const {
     return State().GameAuthor;

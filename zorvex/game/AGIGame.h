@@ -8,7 +8,10 @@
 #include <vector>
 
 #include "zorvex/base/Types.h"
+#include "zorvex/game/BuildOptions.h"
 #include "zorvex/platform/Clock.h"
+#include "zorvex/state/LoadIssue.h"
+#include "zorvex/state/OpenOptions.h"
 
 namespace zorvex {
 
@@ -50,6 +53,14 @@ class AGIGame {
     AGIGame& operator=(const AGIGame&) = delete;
 
     // --- Opening and closing ---
+    /// Opens the game of a directory or a property file in the way that a host asks for. What the load warns
+    /// of is in LoadIssues and raises nothing. Raises 501 while a game is open, 53 for a path that does not
+    /// exist, and what OpenGameDIR and OpenGameZVG raise but 636, with whole sentences as descriptions.
+    void Open(std::string_view path, const OpenOptions& options = {});
+    /// What the last load warned of; empty when all went well. Kept until the next game is opened.
+    const std::vector<LoadIssue>& LoadIssues() const;
+    /// True while a game is open that was opened to be looked at only.
+    bool ReadOnly() const;
     /// Opens the AGI game of a directory. A property file already there is set aside as .OLD and a new one is
     /// written. Raises 501 while a game is open, 541 for a directory without a game, 543 for an unknown
     /// version, and what the directory files give (524, 542, 545, the plain 511). 636 means that the game is
@@ -82,6 +93,12 @@ class AGIGame {
     /// from whose handlers CancelCompile ends the run; nothing happens while no game is open. Raises 561,
     /// 694, 503, 593, 638 and 640.
     void CompileGame(bool rebuildOnly = false, std::string_view newGameDir = {});
+
+    /// Writes the whole game anew, like CompileGame, in the way that a host asks for, and tells what became
+    /// of each resource. A failing resource raises nothing; what is wrong with the run as a whole raises as
+    /// in CompileGame, and 5 (see BuildOptions::DropUnreadable). GameEvents().CompileGameStatus tells the
+    /// same while the build runs. While no game is open nothing happens.
+    BuildReport Build(const BuildOptions& options = {});
 
     // --- The objects of the game ---
     AGIGameEvents& GameEvents() const;
@@ -190,6 +207,8 @@ class AGIGame {
 
     /// The record of this game's workspace; raises 91 when that is not current or belongs to another AGIGame.
     LibraryState& State() const;
+    void OpenDirectory(std::string_view directory, const OpenOptions& options);
+    void OpenPropertyFile(std::string_view file, const OpenOptions& options);
     void ChangeGeneration(const std::string& version);
 
     std::unique_ptr<Held> held_;

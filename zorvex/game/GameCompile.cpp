@@ -1,6 +1,7 @@
 #include "zorvex/game/GameCompile.h"
 
 #include <algorithm>
+#include <array>
 #include <optional>
 #include <utility>
 
@@ -34,6 +35,7 @@ namespace {
 constexpr std::int32_t volumeNames = 16;
 constexpr std::int32_t compileError = 635;
 constexpr std::int32_t bitmapError = 610;
+constexpr std::array buildOrder{rtLogic, rtPicture, rtView, rtSound};
 
 /// What a load error of a kind of resource is called in a report.
 std::string LoadErrorText(GameResource& resource, const Error& error) {
@@ -53,40 +55,66 @@ class LoadedState {
     explicit LoadedState(GameResource& resource) : resource_(resource), wasLoaded_(resource.Loaded()) {}
     LoadedState(const LoadedState&) = delete;
     LoadedState& operator=(const LoadedState&) = delete;
+    /// The resource stays as it is now.
+    void Keep() { kept_ = true; }
     ~LoadedState() {
-        if (resource_.Loaded() && !wasLoaded_) Attempt([this] { resource_.Unload(); });
+        if (resource_.Loaded() && !wasLoaded_ && !kept_) Attempt([this] { resource_.Unload(); });
     }
 
   private:
     GameResource& resource_;
     bool wasLoaded_;
+    bool kept_ = false;
 };
+
+/// Raises 5 where resources could not be read when the game was opened: a build would lose them.
+void RequireNothingLeft() {
+    std::string names;
+    for (const LoadIssue& issue : Library().LoadIssues) {
+        if (issue.Kind != LoadIssueKind::Resource ||
+            !Library().LeftEntries[issue.Type][static_cast<std::size_t>(issue.Number)])
+            continue;
+        names += (names.empty() ? "" : ", ") + std::string(ResTypeNames[issue.Type]) +
+                 std::to_string(issue.Number);
+    }
+    if (names.empty()) return;
+    RaiseText(reInvalidCall, AGIGame::ErrorSource,
+              "A build would lose resources that cannot be read: " + names);
+}
 
 /// Raised inside a run to end it quietly after it was canceled.
 struct Canceled {};
 
+/// Raised inside a run to end it after a failure, with nothing changed.
+struct Stopped {};
+
 /// One run. The state that other modules share with it is in the library's record.
 class GameCompile {
   public:
-    GameCompile(bool rebuildOnly, std::string_view newGameDir, std::string_view newVersion)
-        : rebuildOnly_(rebuildOnly),
-          targetDir_(newGameDir.empty() ? Library().GameDir : CDir(InnerPath(newGameDir))),
-          newVersion_(newVersion) {}
+    GameCompile(const BuildOptions& options, std::string_view newVersion, BuildReport& report)
+        : options_(options),
+          targetDir_(options.Directory.empty() ? Library().GameDir : CDir(InnerPath(options.Directory))),
+          newVersion_(newVersion),
+          report_(report) {}
 
     void Run() {
         Library().CompileActive = true;
         Library().CompileCanceled = false;
         try {
             Check();
-            if (!rebuildOnly_) CompileLists();
+            if (!options_.RebuildOnly || options_.BringLists) CompileLists();
             StartVolumes();
             AddCollections();
             Report(csDoneAdding);
             // What is sound but could not be read or written just now would be lost by the swap.
             if (fileFault_) throw *fileFault_;
+            if (stopped_) throw Stopped();
             SwapFiles();
+        } catch (const Stopped&) {
+            return CleanUp();
         } catch (const Canceled&) {
             CleanUp();
+            report_.Canceled = true;
             return RaiseStatus(csCanceled, rtLogic, 0, "");
         } catch (...) {
             CleanUp();
@@ -107,7 +135,7 @@ class GameCompile {
     void Report(ECStatus status, AGIResType type = rtLogic, std::uint8_t number = 0,
                 const std::string& text = {}) const {
         RaiseStatus(status, type, number, text);
-        if (!Library().CompileActive) throw Canceled();
+        if (!Library().CompileActive || options_.Stop.stop_requested()) throw Canceled();
     }
 
     void Report(ECStatus status, const GameResource& resource, const std::string& text = {}) const {
@@ -147,14 +175,18 @@ class GameCompile {
         if (const auto error = Attempt([&] {
                 if (list.IsDirty()) list.Save();
             })) {
-            Report(csResError, rtLogic, 0,
-                   "Error during compilation of " + name + " (" + error->Description() + ")");
+            ListFailed("Error during compilation of " + name + " (" + error->Description() + ")");
         }
         if (sameDir_) return;
         if (const auto error = Attempt([&] { CopyToTarget(list.ResFile(), name, backup); })) {
-            Report(csResError, rtLogic, 0,
-                   "Error while creating " + name + " file (" + error->Description() + ")");
+            ListFailed("Error while creating " + name + " file (" + error->Description() + ")");
         }
+    }
+
+    void ListFailed(const std::string& text) {
+        report_.ListFailures.push_back(text);
+        stopped_ = stopped_ || options_.Failures == BuildFailure::Stop;
+        Report(csResError, rtLogic, 0, text);
     }
 
     /// Copies a file of the game into the target directory; a file that is there is set aside.
@@ -189,7 +221,9 @@ class GameCompile {
 
     void AddCollections() {
         const HoldingVolumes holding;
-        for (const AGIResType type : {rtLogic, rtPicture, rtView, rtSound})
+        for (const AGIResType type : buildOrder)
+            progress_.Total += CollectionOf(type)->size();
+        for (const AGIResType type : buildOrder)
             AddCollection(type);
         if (const auto error = Attempt([] { Wrapped(638, [] { Library().NewVolFile->Flush(); }); })) {
             NoteFault(*error);
@@ -199,19 +233,32 @@ class GameCompile {
     }
 
     void AddCollection(AGIResType type) {
-        // The members as they are now: a handler could not change them anyway, but a list in use must not
-        // move.
+        // The members as they are now: a list in use must not move.
         const MemberTable::List members = CollectionOf(type)->Members();
         for (const auto& member : members) {
+            progress_.Type = type;
+            progress_.Number = member->Number();
+            if (options_.Progress) options_.Progress(progress_);
+            session_.Require(AGIGame::ErrorSource);
             Report(csAddResource, *member);
-            const LoadedState restored(*member);
-            AddResource(*member);
+            LoadedState restored(*member);
+            report_.Items.push_back({type, member->Number(), member->ID()});
+            if (!AddResource(*member)) KeepLastBytes(*member, restored);
+            ++progress_.Done;
         }
     }
 
-    void AddResource(GameResource& resource) {
-        if (!(rebuildOnly_ ? LoadBytes(resource) : LoadAndCompile(resource))) return;
+    /// False for a resource that the new game lacks.
+    bool AddResource(GameResource& resource) {
+        if (!(options_.RebuildOnly ? LoadBytes(resource) : LoadAndCompile(resource)) && !TakeFormer(resource))
+            return false;
         AGIResource& buffer = resource.Resource();
+        if (const std::size_t size = buffer.View().size(); size > 0xFFFF) {
+            const Error tooLarge(ObjectErrorBase + 516, std::string(AGIResource::ErrorSource),
+                                 CatalogueText(516));
+            Fail(csResError, resource, NotAdded(tooLarge), tooLarge);
+            return false;
+        }
         FindRoom(static_cast<std::int32_t>(buffer.View().size()));
         LibraryState& library = Library();
         const DirectoryEntryBytes entry = MakeDirectoryEntry(library.CurrentVol, library.CurrentLoc);
@@ -219,8 +266,9 @@ class GameCompile {
                   library.NewDirData[resource.ResType()].begin() + 3 * resource.Number());
         if (const auto error = Attempt([&] { AddToVol(buffer, targetV3_, true); })) {
             NoteFault(*error);
-            Report(csResError, resource, NotAdded(*error));
+            Fail(csResError, resource, NotAdded(*error), *error);
         }
+        return true;
     }
 
     /// Of a resource of any kind.
@@ -228,12 +276,47 @@ class GameCompile {
         return "Unable to add Logic resource to VOL file (" + error.Description() + ")";
     }
 
-    bool LoadBytes(GameResource& resource) const {
+    // --- Failures ---
+    /// Notes what is wrong with a resource, and tells the host.
+    void Fail(ECStatus status, const GameResource& resource, const std::string& text, const Error& error) {
+        BuildItem& item = report_.Items.back();
+        item.Outcome = BuildOutcome::LeftOut;
+        item.ErrorNumber = error.Number() > 0 ? error.Number() : error.Id();
+        item.Text = status == csLogicError ? error.Description() : text;
+        stopped_ = stopped_ || options_.Failures == BuildFailure::Stop;
+        Report(status, resource, text);
+    }
+
+    /// Goes on with the bytes that the game has, where that is asked for. True when they are there.
+    bool TakeFormer(GameResource& resource) {
+        if (options_.Failures != BuildFailure::KeepFormer) return false;
+        const auto failed = Attempt([&] {
+            if (!resource.Loaded()) resource.Resource().Load();
+        });
+        if (failed) return false;
+        report_.Items.back().Outcome = BuildOutcome::KeptFormer;
+        return true;
+    }
+
+    /// The last good bytes of a resource that the new game lacks stay in its object, as something to be
+    /// saved: after the swap they are in no file that the game uses.
+    void KeepLastBytes(GameResource& resource, LoadedState& restored) {
+        if (!sameDir_ || stopped_) return;
+        Attempt([&] {
+            if (!resource.Loaded()) resource.Resource().Load();
+        });
+        if (!resource.Loaded()) return;
+        restored.Keep();
+        lost_.push_back(report_.Items.size() - 1);
+    }
+
+    bool LoadBytes(GameResource& resource) {
         const auto error = Attempt([&] {
             if (!resource.Loaded()) resource.Resource().Load();
         });
         if (!error) return true;
-        Report(csResError, resource, "Unable to load " + resource.ID() + " (" + error->Description() + ")");
+        Fail(csResError, resource, "Unable to load " + resource.ID() + " (" + error->Description() + ")",
+             *error);
         return false;
     }
 
@@ -244,10 +327,16 @@ class GameCompile {
         const std::string warning = PictureWarning(resource);
         if (error && !error->Is(bitmapError) && warning.empty()) {
             if (IsFileFault(*error)) NoteFault(*error);
-            Report(csResError, resource, LoadErrorText(resource, *error));
+            Fail(csResError, resource, LoadErrorText(resource, *error), *error);
             return false;
         }
-        if (!warning.empty()) Report(csWarning, resource, "--|" + warning + "|--|--");
+        if (!warning.empty()) {
+            report_.Warnings.push_back({.Type = resource.ResType(),
+                                        .Number = resource.Number(),
+                                        .ID = resource.ID(),
+                                        .Text = warning});
+            Report(csWarning, resource, "--|" + warning + "|--|--");
+        }
         if (!resource.Loaded()) return false;
         return resource.ResType() != rtLogic || Compile(static_cast<AGILogic&>(resource));
     }
@@ -262,9 +351,12 @@ class GameCompile {
         if (!fileFault_) fileFault_ = error;
     }
 
-    static std::string PictureWarning(const GameResource& resource) {
+    /// Of the present bytes: a picture that an edit has changed is drawn again.
+    static std::string PictureWarning(GameResource& resource) {
         if (resource.ResType() != rtPicture) return {};
-        const std::int32_t level = static_cast<const AGIPicture&>(resource).BMPErrLevel();
+        auto& picture = static_cast<AGIPicture&>(resource);
+        if (picture.Loaded()) Attempt([&] { picture.VisData(); });
+        const std::int32_t level = picture.BMPErrLevel();
         if (level == 0) return {};
         return level >= 8 ? "Unhandled error in picture data- picture may not display correctly"
                           : "Data anomalies in picture data but picture should display";
@@ -272,12 +364,16 @@ class GameCompile {
 
     bool Compile(AGILogic& logic) {
         const auto error = Attempt([&] { CompileLogic(logic); });
-        if (!error) return true;
+        session_.Require(AGIGame::ErrorSource);
+        if (!error) {
+            report_.Items.back().Outcome = BuildOutcome::Compiled;
+            return true;
+        }
         if (error->Is(compileError)) {
-            Report(csLogicError, logic, error->Description());
+            Fail(csLogicError, logic, error->Description(), *error);
         } else {
             if (IsFileFault(*error)) NoteFault(*error);
-            Report(csResError, logic, "Unable to compile Logic (" + error->Description() + ")");
+            Fail(csResError, logic, "Unable to compile Logic (" + error->Description() + ")", *error);
         }
         return false;
     }
@@ -345,9 +441,19 @@ class GameCompile {
     void Finish() {
         LibraryState& library = Library();
         library.CompileActive = false;
-        for (const AGIResType type : {rtLogic, rtPicture, rtSound, rtView}) {
+        report_.Done = true;
+        report_.Volumes = library.CurrentVol + 1;
+        for (const AGIResType type : buildOrder) {
             for (const auto& member : CollectionOf(type)->Members())
                 StorePlace(member->Resource(), type);
+        }
+        for (const std::size_t at : lost_) {
+            const BuildItem& item = report_.Items[at];
+            if (const auto member = CollectionOf(item.Type)->Find(item.Number)) member->DataDirty(true);
+        }
+        if (sameDir_) {
+            for (auto& entries : library.LeftEntries)
+                entries.reset();
         }
         if (!newVersion_.empty()) StoreVersion(newVersion_);
         SaveGameProperties();
@@ -357,11 +463,12 @@ class GameCompile {
     void StorePlace(AGIResource& buffer, AGIResType type) const {
         const Internal key;
         const std::uint8_t* entry = Library().NewDirData[type].data() + 3 * buffer.Number();
+        const bool absent = entry[0] == 255;
         // In the open game's own volumes nothing has changed when the new ones went elsewhere.
-        if (!sameDir_ || entry[0] == 255) buffer.SizeInVol(key, -1);
+        if (!sameDir_ || absent) buffer.SizeInVol(key, -1);
         if (!sameDir_) return;
-        buffer.Volume(key, entry[0] >> 4);
-        buffer.Loc(key, (entry[0] & 15) * 65536 + entry[1] * 256 + entry[2]);
+        buffer.Volume(key, absent ? -1 : entry[0] >> 4);
+        buffer.Loc(key, absent ? -1 : (entry[0] & 15) * 65536 + entry[1] * 256 + entry[2]);
     }
 
     /// The game is as it was, so the sizes noted for the new volumes do not hold, and what was made for them
@@ -370,7 +477,7 @@ class GameCompile {
         if (session_.Lasts()) {
             Library().CompileActive = false;
             Library().NewVolFile.reset();
-            for (const AGIResType type : {rtLogic, rtPicture, rtSound, rtView}) {
+            for (const AGIResType type : buildOrder) {
                 for (const auto& member : CollectionOf(type)->Members())
                     member->Resource().SizeInVol(Internal(), -1);
             }
@@ -386,21 +493,35 @@ class GameCompile {
     }
 
     RunSession session_;
-    bool rebuildOnly_;
+    const BuildOptions& options_;
     std::string targetDir_;
     std::string newVersion_;
     bool sameDir_ = true;
     bool targetV3_ = false;
     bool started_ = false;  // new files may lie in the target directory
+    BuildReport& report_;
+    BuildProgress progress_;
+    bool stopped_ = false;
     std::optional<Error> fileFault_;
+    std::vector<std::size_t> lost_;  // items of resources whose last bytes are only in their objects
 };
 
 }  // namespace
 
 void CompileGameFiles(bool rebuildOnly, std::string_view newGameDir, std::string_view newVersion) {
+    const BuildOptions options{.Directory = std::string(newGameDir),
+                               .RebuildOnly = rebuildOnly,
+                               .BringLists = false,
+                               .Failures = BuildFailure::Skip};
+    BuildReport report;
+    BuildGameFiles(options, newVersion, report);
+}
+
+void BuildGameFiles(const BuildOptions& options, std::string_view newVersion, BuildReport& report) {
     if (!Library().GameLoaded) return;
     if (Library().CompileActive) RaiseRuntime(reInvalidCall, AGIGame::ErrorSource);
-    GameCompile(rebuildOnly, newGameDir, newVersion).Run();
+    if (!options.DropUnreadable) RequireNothingLeft();
+    GameCompile(options, newVersion, report).Run();
 }
 
 }  // namespace zorvex

@@ -3,6 +3,8 @@
 
 #include <string_view>
 
+#include "zorvex/game/BuildOptions.h"
+
 namespace zorvex {
 
 /// Writes all resources of the open game into new volumes and directory files, packed without gaps, after
@@ -16,5 +18,9 @@ namespace zorvex {
 /// that fails is reported there and is absent from the new game. Raises 561, 694, 503, 593, 638 and 640 for a
 /// failure of the whole run, 5 from the handler of a run, and 91 after a handler has closed the game.
 void CompileGameFiles(bool rebuildOnly, std::string_view newGameDir, std::string_view newVersion = {});
+
+/// The same in the way that a host asks for, with a report; the report is in step whenever the run ends, also
+/// by a fault.
+void BuildGameFiles(const BuildOptions& options, std::string_view newVersion, BuildReport& report);
 
 }  // namespace zorvex

@@ -145,13 +145,91 @@ void RequireClosed() {
     if (Library().GameLoaded || Library().Session) RaiseCatalogue(501, AGIGame::ErrorSource);
 }
 
+namespace {
+
+/// Without a choice of the host: as the two openings of the class model are told.
+constexpr OpenOptions plainOpening{.PreferPropertyFile = false,
+                                   .ReadOnly = false,
+                                   .EmptyDirectories = EmptyDirectory::Refuse,
+                                   .BadEntries = BadEntry::Blank};
+
+/// What comes before anything is written below the game's directory.
+void BeginIn(const std::string& directory, const OpenOptions& options) {
+    LibraryState& library = Library();
+    library.Opened = options;
+    if (options.ReadOnly) library.Session->ProtectDirectory(directory);
+    FileSwap::Finish(directory);
+}
+
+/// The property file to open for a directory, or "" for none.
+std::string PropertyFileOf(const std::string& directory) {
+    const std::vector<std::string> files = FilesMatching(directory, "*.zvg");
+    if (files.size() == 1) return directory + files.front();
+    if (files.size() > 1 && IsValidGameDir(directory)) {
+        const std::string wanted = Library().GameID + ".zvg";
+        ClearIdentity();
+        for (const std::string& name : files) {
+            if (EqualNoCase(name, wanted)) return directory + name;
+        }
+    }
+    return {};
+}
+
+/// A bare name as description becomes the sentence that goes with it.
+Error InWords(const Error& error) {
+    const std::int32_t id = error.Id();
+    const bool isBare = id == 655 || id == 665 || id == 690 || id == 691;
+    if (!isBare) return error;
+    std::string text = CatalogueText(id, {error.Description()});
+    if (text.find(error.Description()) == std::string::npos) text += " (" + error.Description() + ")";
+    return {error.Number(), error.Source(), text};
+}
+
+}  // namespace
+
+void AGIGame::Open(std::string_view path, const OpenOptions& options) {
+    State();
+    RequireClosed();
+    const std::string inner = InnerPath(path);
+    const FileKind kind = inner.empty() ? FileKind::Directory : Files().Kind(inner);
+    if (kind == FileKind::None) RaiseRuntime(reFileNotFound, ErrorSource);
+    std::string file = kind == FileKind::File ? inner : std::string();
+    if (kind == FileKind::Directory && options.PreferPropertyFile)
+        file = PropertyFileOf(inner.empty() ? CurrentDirectory() : CDir(inner));
+    const auto error = Attempt([&] {
+        if (file.empty()) {
+            OpenDirectory(inner, options);
+        } else {
+            OpenPropertyFile(file, options);
+        }
+    });
+    if (error && !error->Is(636)) throw InWords(*error);
+}
+
+const std::vector<LoadIssue>& AGIGame::LoadIssues() const {
+    return State().LoadIssues;
+}
+
+bool AGIGame::ReadOnly() const {
+    const LibraryState& library = State();
+    return library.GameLoaded && library.Session->IsProtected();
+}
+
 void AGIGame::OpenGameDIR(std::string_view newGameDir) {
+    OpenDirectory(newGameDir, plainOpening);
+}
+
+void AGIGame::OpenGameZVG(std::string_view gameZVG) {
+    OpenPropertyFile(gameZVG, plainOpening);
+}
+
+void AGIGame::OpenDirectory(std::string_view newGameDir, const OpenOptions& options) {
     LibraryState& library = State();
     RequireClosed();
     const Opening opening;
     library.GameDir = newGameDir.empty() ? CurrentDirectory() : CDir(InnerPath(newGameDir));
     RaiseLoadStatus(lsDecompiling, rtNone);
-    FileSwap::Finish(library.GameDir);
+    BeginIn(library.GameDir, options);
     if (!IsValidGameDir(library.GameDir)) {
         const std::string directory = library.GameDir;
         library.LastErrorText = directory;
@@ -211,7 +289,7 @@ void CheckPropertyFileVersion(const std::string& name) {
 
 }  // namespace
 
-void AGIGame::OpenGameZVG(std::string_view gameZVG) {
+void AGIGame::OpenPropertyFile(std::string_view gameZVG, const OpenOptions& options) {
     LibraryState& library = State();
     RequireClosed();
     const Opening opening;
@@ -224,7 +302,7 @@ void AGIGame::OpenGameZVG(std::string_view gameZVG) {
     }
     library.GameDir = name == path ? CurrentDirectory() : JustPath(path);
     library.GameFile = library.GameDir + name;
-    FileSwap::Finish(library.GameDir);
+    BeginIn(library.GameDir, options);
     ReadPropertyFile();
     CheckPropertyFileVersion(name);
     library.GameID = ReadGameString("General", "GameID", "");
@@ -295,7 +373,7 @@ class GameLoad {
         library.ResDir = CDir(library.GameDir + library.ResDirName);
         if (DirectoryExists(library.ResDir)) return;
         if (Attempt([&] { Files().MakeDirectory(library.ResDir); })) {
-            Warn("Can't create " + library.ResDir);
+            Warn({.Kind = LoadIssueKind::SourceDirectory, .Text = "Can't create " + library.ResDir});
             library.ResDir = library.GameDir;
         }
     }
@@ -306,8 +384,11 @@ class GameLoad {
         list = std::make_shared<List>();
         list->JoinGame(Internal(), false);
         if (const auto error = Attempt([&] { list->Load(Library().GameDir + fileName); })) {
-            warnings_ = true;
-            WriteLogEntry(1, "An error occurred while loading " + fileName + ": " + error->Description());
+            Warn({.Kind = LoadIssueKind::List,
+                  .IsError = true,
+                  .Text = "An error occurred while loading " + fileName + ": " + error->Description(),
+                  .ErrorNumber = error->Number() > 0 ? error->Number() : error->Id(),
+                  .Type = EqualNoCase(fileName, "OBJECT") ? rtObjects : rtWords});
         }
     }
 
@@ -321,14 +402,16 @@ class GameLoad {
             text->clear();
         }
         if (const auto error = Attempt([] { GetGameProperties(); })) {
-            Warn("Error while loading ZVG file; some properties not loaded. (Error number: " +
-                 std::to_string(error->Number()) + ")");
+            Warn({.Kind = LoadIssueKind::Properties,
+                  .Text = "Error while loading ZVG file; some properties not loaded. (Error number: " +
+                          std::to_string(error->Number()) + ")",
+                  .ErrorNumber = error->Number()});
         }
     }
 
-    void Warn(std::string_view text) {
+    void Warn(LoadIssue issue) {
         warnings_ = true;
-        WriteLogEntry(0, text);
+        NoteLoadIssue(std::move(issue));
     }
 
     int mode_;

@@ -323,8 +323,14 @@ const std::shared_ptr<FileSystem>& MachineFiles() {
 }  // namespace
 
 FileSystem& Files() {
+    const Services& services = PresentServices();
+    if (services.Overlay) return *services.Overlay;
+    return services.Files ? *services.Files : *MachineFiles();
+}
+
+std::shared_ptr<FileSystem> FilesBeneath() {
     const auto& files = PresentServices().Files;
-    return files ? *files : *MachineFiles();
+    return files ? files : MachineFiles();
 }
 
 std::shared_ptr<FileSystem> UseFileSystem(std::shared_ptr<FileSystem> files) {

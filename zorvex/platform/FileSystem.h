@@ -76,6 +76,8 @@ FileSystem& Files();
 /// Puts another file system in use in the present workspace and returns the one used before; an empty pointer
 /// restores the system's own.
 std::shared_ptr<FileSystem> UseFileSystem(std::shared_ptr<FileSystem> files);
+/// The file system in use, without the overlay of a game that is open to be looked at only.
+std::shared_ptr<FileSystem> FilesBeneath();
 /// A new file system on the machine's own files.
 std::shared_ptr<FileSystem> MakeSystemFiles();
 

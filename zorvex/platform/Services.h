@@ -11,6 +11,7 @@ class FileSystem;
 /// The file system and the clock in use; an empty pointer stands for the machine's own. Each workspace has a
 /// set of them, so that the games of two workspaces can lie in different file systems.
 struct Services {
+    std::shared_ptr<FileSystem> Overlay;  // over Files, while a game is open that must not change
     std::shared_ptr<FileSystem> Files;
     std::shared_ptr<Clock> TheClock;
 };

@@ -1,9 +1,23 @@
 #include "zorvex/state/GameSession.h"
 
+#include <utility>
+
 #include "zorvex/base/Error.h"
+#include "zorvex/platform/OverlayFileSystem.h"
+#include "zorvex/platform/Services.h"
 #include "zorvex/state/LibraryState.h"
 
 namespace zorvex {
+
+void GameSession::End() noexcept {
+    record_ = nullptr;
+    if (std::exchange(protected_, false)) services_->Overlay.reset();
+}
+
+void GameSession::ProtectDirectory(std::string_view directory) {
+    services_->Overlay = std::make_shared<OverlayFileSystem>(FilesBeneath(), directory);
+    protected_ = true;
+}
 
 bool GameSession::IsPresent() const {
     return record_ != nullptr && record_ == &Library();
@@ -26,7 +40,10 @@ void RunSession::Require(std::string_view errorSource) const {
 void BeginGameSession() {
     LibraryState& library = Library();
     EndGameSession(library);
-    library.Session = std::make_shared<GameSession>(library);
+    library.LoadIssues.clear();
+    for (auto& entries : library.LeftEntries)
+        entries.reset();
+    library.Session = std::make_shared<GameSession>(library, PresentServices());
 }
 
 void EndGameSession(LibraryState& record) noexcept {

@@ -7,18 +7,23 @@
 namespace zorvex {
 
 struct LibraryState;
+struct Services;
 
 /// A session begins when a game is being opened and ends when it is closed, when its opening fails, and when
 /// its AGIGame or its workspace goes. Resources and lists of the game share it; once it has ended, none of
 /// them reaches a property list, a volume or a directory any more.
 class GameSession {
   public:
-    explicit GameSession(LibraryState& record) : record_(&record) {}
+    /// Of a record, with the services of its workspace.
+    GameSession(LibraryState& record, Services& services) : record_(&record), services_(&services) {}
     GameSession(const GameSession&) = delete;
     GameSession& operator=(const GameSession&) = delete;
 
     bool IsOpen() const noexcept { return record_ != nullptr; }
-    void End() noexcept { record_ = nullptr; }
+    void End() noexcept;
+    /// From now on nothing below a directory changes on disk until the session ends.
+    void ProtectDirectory(std::string_view directory);
+    bool IsProtected() const noexcept { return protected_; }
     /// True while the session is open and its workspace is the one that is current in this thread.
     bool IsPresent() const;
     /// Raises 91 unless IsPresent.
@@ -26,6 +31,8 @@ class GameSession {
 
   private:
     LibraryState* record_;
+    Services* services_;
+    bool protected_ = false;
 };
 
 /// The session in which a run began. The handler of an event may close the game or start the library afresh;

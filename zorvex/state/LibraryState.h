@@ -4,6 +4,7 @@
 #pragma once
 
 #include <array>
+#include <bitset>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -12,6 +13,8 @@
 
 #include "zorvex/base/Types.h"
 #include "zorvex/platform/Clock.h"
+#include "zorvex/state/LoadIssue.h"
+#include "zorvex/state/OpenOptions.h"
 
 namespace zorvex {
 
@@ -43,6 +46,11 @@ struct LibraryState {
     LibraryState();
 
     std::shared_ptr<GameSession> Session;  // while a game is open or being opened
+
+    OpenOptions Opened;                 // how that game was or is being opened
+    std::vector<LoadIssue> LoadIssues;  // of its load
+    std::array<std::bitset<256>, 4>
+        LeftEntries{};  // by AGIResType: directory entries of unreadable resources
 
     // The open game. Texts are host text, paths are inner paths.
     bool GameLoaded = false;

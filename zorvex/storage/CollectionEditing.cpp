@@ -30,7 +30,7 @@ void SetUniqueID(GameResource& resource, std::string_view id, Taken&& taken) {
 
 std::shared_ptr<GameResource> ResourceCollectionBase::AddMember(std::uint8_t number, GameResource* source) {
     RequirePresent();
-    if (Exists(number)) RaiseCatalogue(602, family_.errorSource);
+    if (Exists(number) || IsLeft(number)) RaiseCatalogue(602, family_.errorSource);
     std::shared_ptr<GameResource> member;
     std::string newID;
     // What fails leaves nothing of the resource behind.
@@ -79,7 +79,7 @@ void ResourceCollectionBase::RemoveMember(std::uint8_t number) {
 
 void ResourceCollectionBase::RenumberMember(std::uint8_t oldNumber, std::uint8_t newNumber) {
     RequirePresent();
-    if (Exists(newNumber)) RaiseCatalogue(669, family_.errorSource);
+    if (Exists(newNumber) || IsLeft(newNumber)) RaiseCatalogue(669, family_.errorSource);
     Wrapped(670, [&] {
         const std::shared_ptr<GameResource> member = Require(oldNumber);
         AGIResource& buffer = member->Resource();

@@ -60,6 +60,14 @@ class DirectoryEdit {
         Store(newMax, entry);
     }
 
+    /// The highest number with an entry that is not empty, but for one.
+    std::int32_t MaxBut(std::int32_t removed) const {
+        std::int32_t number = max_;
+        while (number >= 0 && (number == removed || file_[static_cast<std::size_t>(PlaceOf(number))] == 255))
+            --number;
+        return number;
+    }
+
     void Shrink(std::int32_t newMax, std::int32_t removed) {
         const std::int32_t delta = (max_ - newMax) * 3;
         const std::int32_t keepEnd = range_.start + 3 * (newMax + 1);
@@ -111,9 +119,11 @@ bool UpdateDirFile(AGIResType type, std::uint8_t number, std::optional<VolumePla
         // An emptied directory keeps one empty entry: a directory file without any could not be opened again.
         // A new entry needs room for its own number, which need not be the highest, nor still in the
         // collection.
-        const std::int32_t maxNum = place ? number : std::max<std::int32_t>(CollectionOf(type)->Max(), 0);
+        std::int32_t maxNum = place ? number : std::max<std::int32_t>(CollectionOf(type)->Max(), 0);
         const std::string path = library.GameDir + DirectoryFileName(type, library.IsV3, library.GameID);
         DirectoryEdit edit(Files().Read(path), type, library.IsV3);
+        // Entries of resources that could not be read stay where the game was opened so.
+        if (!place && library.LeftEntries[type].any()) maxNum = std::max(maxNum, edit.MaxBut(number));
         const DirectoryEntryBytes entry =
             place ? MakeDirectoryEntry(place->Volume, place->Loc) : DirectoryEntryBytes{255, 255, 255};
         const bool inPlace = place ? edit.Max() >= maxNum : maxNum >= edit.Max();

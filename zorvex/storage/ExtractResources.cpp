@@ -87,9 +87,7 @@ class Extraction {
             if (!isV3) {
                 path = Library().GameDir + DirectoryFileName(type, false, "");
                 file = ReadDirectoryFile(path);
-                if (file.empty()) {
-                    RaiseText(plainDirectoryError, errorSource, JustFileName(path) + " file is invalid");
-                }
+                if (file.empty()) MendEmpty(file, type, path);
             }
             ReadDirectory(file, type, path);
             if (!isV3) SaveIfDirty(path, file);
@@ -109,6 +107,19 @@ class Extraction {
         return bytes;
     }
 
+    /// Gives a directory file without bytes one empty entry, or refuses it.
+    void MendEmpty(ByteArray& file, AGIResType type, const std::string& path) {
+        const EmptyDirectory wanted = Library().Opened.EmptyDirectories;
+        const std::string name = JustFileName(path);
+        if (wanted == EmptyDirectory::Refuse)
+            RaiseText(plainDirectoryError, errorSource, name + " file is invalid");
+        file.assign(entryLength, 255);
+        dirty_ = wanted == EmptyDirectory::MendOnDisk;
+        Library().LoadIssues.push_back({.Kind = LoadIssueKind::Directory,
+                                        .Text = name + " has no bytes and is taken as one empty entry",
+                                        .Type = type});
+    }
+
     static DirectoryRange RangeOf(const ByteArray& file, AGIResType type, const std::string& path) {
         const auto length = static_cast<std::int32_t>(file.size());
         const DirectoryRange range =
@@ -125,9 +136,12 @@ class Extraction {
         std::size_t count = static_cast<std::size_t>(range.end - range.start) / entryLength;
         if (range.end - range.start > static_cast<std::int32_t>(maxEntries * entryLength)) {
             count = maxEntries;
-            Warn(std::string(ResTypeAbbrev[type]) +
-                 (Library().IsV3 ? " portion of DIR file is larger than expected; it may be corrupted"
-                                 : "DIR file is larger than expected; it may be corrupted"));
+            const std::string_view text =
+                Library().IsV3 ? " portion of DIR file is larger than expected; it may be corrupted"
+                               : "DIR file is larger than expected; it may be corrupted";
+            Warn({.Kind = LoadIssueKind::Directory,
+                  .Text = std::string(ResTypeAbbrev[type]) + std::string(text),
+                  .Type = type});
         }
         for (std::size_t number = 0; number < count; ++number) {
             RaiseLoadStatus(type, number);
@@ -140,7 +154,7 @@ class Extraction {
         }
     }
 
-    /// False for an entry that is to be blanked.
+    /// False for an entry that is to be blanked. One that is left is noted, so that nothing is put over it.
     bool RegisterEntry(std::span<const std::uint8_t, entryLength> bytes, AGIResType type,
                        std::size_t number) {
         if (bytes[0] == 255) return true;
@@ -150,27 +164,39 @@ class Extraction {
         const auto index = static_cast<std::uint8_t>(number);
         if (const auto error =
                 Attempt([&] { collection.LoadEntry(Internal(), index, entry.volume, entry.location); })) {
-            WarnOfSkipped(entry, *error);
+            WarnOfSkipped(entry, *error, type, index);
         }
         const auto member = collection.Find(index);
+        if (!member && Library().Opened.BadEntries == BadEntry::Leave) {
+            Library().LeftEntries[type].set(number);
+            return true;
+        }
         if (!member) return false;
         member->DataDirty(false);
         member->WritePropState(false);
         return true;
     }
 
-    void WarnOfSkipped(const Entry& entry, const Error& error) {
+    void WarnOfSkipped(const Entry& entry, const Error& error, AGIResType type, std::uint8_t number) {
         for (const SkipReason& reason : skipReasons) {
             if (!error.Is(reason.id)) continue;
-            Warn(SkipText(reason, entry, error));
+            Warn({.Kind = LoadIssueKind::Resource,
+                  .IsError = true,
+                  .Text = SkipText(reason, entry, error),
+                  .ErrorNumber = reason.id,
+                  .Type = type,
+                  .Number = number,
+                  .Volume = entry.volume,
+                  .Loc = entry.location,
+                  .EntryKept = Library().Opened.BadEntries == BadEntry::Leave});
             return;
         }
         RaiseText(ObjectErrorBase + 545, error.Source(), CatalogueText(545, {error.NumberAndText()}));
     }
 
-    void Warn(std::string_view text) {
+    void Warn(LoadIssue issue) {
         warnings_ = true;
-        WriteLogEntry(0, text);
+        NoteLoadIssue(std::move(issue));
     }
 
     void SaveIfDirty(const std::string& path, const ByteArray& file) {

@@ -32,6 +32,10 @@ void ResourceCollectionBase::RequirePresent() const {
     if (CollectionOf(family_.type) != this) RaiseRuntime(reObjectNotSet, family_.errorSource);
 }
 
+bool ResourceCollectionBase::IsLeft(std::uint8_t number) const {
+    return Library().LeftEntries[family_.type][number];
+}
+
 std::shared_ptr<GameResource> ResourceCollectionBase::MemberOfID(std::string_view id) const {
     for (const auto& member : Members()) {
         if (EqualNoCase(member->ID(), id)) return member;

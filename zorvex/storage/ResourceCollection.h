@@ -158,6 +158,8 @@ class ResourceCollectionBase {
   private:
     [[noreturn]] void RaiseUnknown(std::int32_t id) const;
     void RequirePresent() const;
+    /// True for the number of a directory entry that was left though its resource cannot be read.
+    bool IsLeft(std::uint8_t number) const;
     void Insert(std::uint8_t number, std::shared_ptr<GameResource> member);
     void Take(std::uint8_t number);
     /// The list to change: a copy where a walk holds the present one.
