@@ -6,7 +6,7 @@
 #include <string>
 
 #include "tests/support/ScratchGame.h"
-#include "zorvex/compiler/LogCompile.h"
+#include "zorvex/logic/LogCompile.h"
 #include "zorvex/state/AGIGameEvents.h"
 #include "zorvex/state/LibraryState.h"
 

@@ -15,8 +15,8 @@
 #include "zorvex/base/Error.h"
 #include "zorvex/base/StringList.h"
 #include "zorvex/base/Text.h"
-#include "zorvex/compiler/LogCompile.h"
 #include "zorvex/decompiler/LogDecode.h"
+#include "zorvex/logic/LogCompile.h"
 #include "zorvex/state/LibraryState.h"
 
 using namespace zorvex;

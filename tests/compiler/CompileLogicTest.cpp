@@ -1,7 +1,7 @@
 // What a compile does to the logic, to the game and to a host that listens.
 #include "tests/support/ScratchGame.h"
 #include "zorvex/base/Internal.h"
-#include "zorvex/compiler/LogCompile.h"
+#include "zorvex/logic/LogCompile.h"
 #include "zorvex/state/GameProperties.h"
 #include "zorvex/vocab/AGIInventoryObjects.h"
 

@@ -3,9 +3,9 @@
 
 #include "zorvex/Zorvex.h"
 #include "zorvex/base/StringList.h"
-#include "zorvex/compiler/LogCompile.h"
 #include "zorvex/decompiler/LogDecode.h"
 #include "zorvex/logic/AGILogics.h"
+#include "zorvex/logic/LogCompile.h"
 
 namespace zorvex::test {
 

@@ -3,7 +3,7 @@
 
 #include "tests/support/GameBuilder.h"
 #include "tests/support/RunTool.h"
-#include "tools/zorvex/PngFile.h"
+#include "tools/zorvex/images/PngFile.h"
 
 namespace zorvex::test {
 namespace {

@@ -1,9 +1,9 @@
 #include <cstdio>
 #include <exception>
 
-#include "tools/zorvex/Command.h"
-#include "tools/zorvex/Commands.h"
-#include "tools/zorvex/Console.h"
+#include "tools/zorvex/commands/Commands.h"
+#include "tools/zorvex/console/Command.h"
+#include "tools/zorvex/console/Console.h"
 
 namespace {
 

@@ -17,7 +17,7 @@
 #include "zorvex/base/Error.h"
 #include "zorvex/base/Faults.h"
 #include "zorvex/base/Types.h"
-#include "zorvex/compiler/NameTable.h"
+#include "zorvex/compiler/names/NameTable.h"
 #include "zorvex/language/MessageSection.h"
 #include "zorvex/storage/AGIResource.h"
 

@@ -4,10 +4,10 @@
 #include <vector>
 
 #include "zorvex/base/Text.h"
-#include "zorvex/compiler/ArgumentChecks.h"
-#include "zorvex/compiler/ArgumentText.h"
 #include "zorvex/compiler/StatementCompiler.h"
-#include "zorvex/compiler/TokenReader.h"
+#include "zorvex/compiler/arguments/ArgumentChecks.h"
+#include "zorvex/compiler/arguments/ArgumentText.h"
+#include "zorvex/compiler/lines/TokenReader.h"
 #include "zorvex/language/AGICommandFunctions.h"
 #include "zorvex/language/LogicFormat.h"
 

@@ -5,8 +5,8 @@
 #include <string_view>
 
 #include "zorvex/base/Text.h"
-#include "zorvex/compiler/ArgumentReader.h"
 #include "zorvex/compiler/CompileRun.h"
+#include "zorvex/compiler/arguments/ArgumentReader.h"
 
 namespace zorvex {
 

@@ -1,10 +1,10 @@
 // The statements without a command's name: assignments and arithmetic.
 #include "zorvex/base/Text.h"
-#include "zorvex/compiler/ArgumentChecks.h"
-#include "zorvex/compiler/ArgumentText.h"
 #include "zorvex/compiler/IfCompiler.h"
 #include "zorvex/compiler/StatementCompiler.h"
-#include "zorvex/compiler/TokenReader.h"
+#include "zorvex/compiler/arguments/ArgumentChecks.h"
+#include "zorvex/compiler/arguments/ArgumentText.h"
+#include "zorvex/compiler/lines/TokenReader.h"
 #include "zorvex/language/AGICommandFunctions.h"
 
 namespace zorvex {

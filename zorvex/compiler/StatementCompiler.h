@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "zorvex/compiler/ArgumentReader.h"
 #include "zorvex/compiler/CompileRun.h"
+#include "zorvex/compiler/arguments/ArgumentReader.h"
 
 namespace zorvex {
 

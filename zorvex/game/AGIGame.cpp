@@ -8,7 +8,7 @@
 #include "zorvex/base/PathText.h"
 #include "zorvex/base/StringList.h"
 #include "zorvex/base/Text.h"
-#include "zorvex/compiler/GlobalDefines.h"
+#include "zorvex/compiler/names/GlobalDefines.h"
 #include "zorvex/game/GameCompile.h"
 #include "zorvex/game/GameDetection.h"
 #include "zorvex/language/AGICommandFunctions.h"

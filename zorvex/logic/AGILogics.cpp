@@ -2,9 +2,9 @@
 
 #include "zorvex/base/Faults.h"
 #include "zorvex/base/Text.h"
-#include "zorvex/compiler/GlobalDefines.h"
-#include "zorvex/compiler/NameTable.h"
-#include "zorvex/compiler/ResourceIDs.h"
+#include "zorvex/compiler/names/GlobalDefines.h"
+#include "zorvex/compiler/names/NameTable.h"
+#include "zorvex/compiler/names/ResourceIDs.h"
 #include "zorvex/state/GameProperties.h"
 #include "zorvex/state/LibraryState.h"
 
