@@ -2,6 +2,9 @@
 #pragma once
 
 #include "zorvex/analysis/EntryContents.h"
+#include "zorvex/analysis/GameFault.h"
+#include "zorvex/analysis/RepairGame.h"
+#include "zorvex/analysis/VerifyGame.h"
 #include "zorvex/base/CheckSum.h"
 #include "zorvex/base/CodePage.h"
 #include "zorvex/base/Error.h"

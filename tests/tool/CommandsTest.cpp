@@ -212,7 +212,13 @@ TEST_F(ToolTest, RepairsWhatNeedsNoGuess) {
     game.Write("WORDS.TOK", words);
     game.Write("SNDDIR", ByteArray{});
     EXPECT_EQ(StatusOf({"verify", game.Native()}), 1);
-    const ToolRun repair = RunTool({"repair", game.Native(), "-o", Out("fixed"), "--json"});
+    // Logic 7 may lie on a disk that is not in the drive: its entry stays until told otherwise.
+    const ToolRun kept = RunTool({"repair", game.Native(), "-o", Out("kept"), "--json"});
+    EXPECT_EQ(kept.Status, 1);
+    EXPECT_TRUE(Has(kept.Diagnostics, "--drop-missing")) << kept.Diagnostics;
+    EXPECT_EQ(json::parse(kept.Output).size(), 4U) << kept.Output;
+    EXPECT_EQ(out.Read("kept/LOGDIR"), game.Read("LOGDIR"));
+    const ToolRun repair = RunTool({"repair", game.Native(), "-o", Out("fixed"), "--drop-missing", "--json"});
     EXPECT_EQ(repair.Status, 0) << repair.Diagnostics;
     EXPECT_EQ(json::parse(repair.Output).size(), 5U) << repair.Output;
     const ToolRun verified = RunTool({"verify", Out("fixed")});

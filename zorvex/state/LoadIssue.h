@@ -14,6 +14,7 @@ namespace zorvex {
 enum class LoadIssueKind : std::uint8_t {
     Resource,        ///< a resource that a directory file names and that cannot be read
     Directory,       ///< a directory file
+    EmptyDirectory,  ///< a directory file without bytes, taken as one empty entry; this one is not logged
     List,            ///< WORDS.TOK or OBJECT cannot be read
     Properties,      ///< the property file
     SourceDirectory  ///< the directory of the sources

@@ -115,9 +115,10 @@ class Extraction {
             RaiseText(plainDirectoryError, errorSource, name + " file is invalid");
         file.assign(entryLength, 255);
         dirty_ = wanted == EmptyDirectory::MendOnDisk;
-        Library().LoadIssues.push_back({.Kind = LoadIssueKind::Directory,
-                                        .Text = name + " has no bytes and is taken as one empty entry",
-                                        .Type = type});
+        Library().LoadIssues.push_back(
+            {.Kind = LoadIssueKind::EmptyDirectory,
+             .Text = name + " has no bytes; it is taken as a directory with one empty entry",
+             .Type = type});
     }
 
     static DirectoryRange RangeOf(const ByteArray& file, AGIResType type, const std::string& path) {

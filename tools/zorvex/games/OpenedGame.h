@@ -13,7 +13,7 @@ namespace zorvex::tool {
 
 /// What a command does to the game that it is given.
 enum class Access : std::uint8_t {
-    Look,   ///< works on a scratch copy; the game stays as it is, byte for byte
+    Look,   ///< the game stays as it is, byte for byte; what would be written below it stays in memory
     Change  ///< works on the game itself
 };
 
@@ -38,12 +38,13 @@ struct SkippedResource {
     std::int32_t Location;
 };
 
-/// Opens a game directory or property file. Empty V2 directory files are mended first, which is said on
-/// standard error; with Change the former file stays as .OLD. Warnings of the load are said on standard
-/// error. Raises what opening raises, except 636.
+/// Opens a game directory or property file. An empty V2 directory file counts as one empty entry, which is
+/// said on standard error; with Change it is mended on disk and the former file stays as .OLD. Warnings of
+/// the load are said on standard error. The entries of resources that cannot be read stay, unless told
+/// otherwise. Raises what AGIGame::Open raises, and 541 for a directory without a game.
 class OpenedGame {
   public:
-    OpenedGame(const std::string& path, Access access);
+    OpenedGame(const std::string& path, Access access, BadEntry badEntries = BadEntry::Leave);
     ~OpenedGame();
     OpenedGame(const OpenedGame&) = delete;
     OpenedGame& operator=(const OpenedGame&) = delete;
@@ -51,32 +52,24 @@ class OpenedGame {
     AGIGame& Game() { return *game_; }
     const AGIGame& Game() const { return *game_; }
     bool IsV3() const { return game_->InterpreterVersion().starts_with('3'); }
-    /// The directory the library works in: the scratch copy or the game's own.
+    /// The directory of the game.
     const std::filesystem::path& Directory() const { return directory_; }
-    /// The lines that the load wrote to the log, without their dates.
+    /// The sentences of what the load warned of.
     const std::vector<std::string>& Warnings() const { return warnings_; }
-    /// Entries of the directory files that the load blanked because their resources are bad.
+    /// Entries of the directory files whose resources are bad.
     const std::vector<SkippedResource>& Skipped() const { return skipped_; }
     /// Whether one of them is of this type. What is wrong with it was said when the game was opened.
     bool HasSkipped(AGIResType type) const;
-    /// Names of the directory files that had no bytes.
-    const std::vector<std::string>& MendedDirectories() const { return mendedDirectories_; }
 
   private:
     void Locate(const std::string& path);
-    void CopyToScratch();
-    void MendEmptyDirectories(Access access);
-    void Open();
-    void CollectWarnings(std::uintmax_t logBefore);
-    void FindSkipped(const std::vector<SkippedResource>& entries);
+    void CollectIssues(bool look);
 
-    std::unique_ptr<ScratchDirectory> scratch_;
     std::filesystem::path directory_;
     std::filesystem::path propertyFile_;  // empty: open the directory
     std::unique_ptr<AGIGame> game_;
     std::vector<std::string> warnings_;
     std::vector<SkippedResource> skipped_;
-    std::vector<std::string> mendedDirectories_;
 };
 
 /// True when a path names a game: a directory, or a file with the extension .zvg.
