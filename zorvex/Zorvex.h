@@ -17,6 +17,7 @@
 #include "zorvex/language/AGICommands.h"
 #include "zorvex/language/AGILogicSourceSettings.h"
 #include "zorvex/language/AGITestCommands.h"
+#include "zorvex/language/ArgumentMarkers.h"
 #include "zorvex/logic/AGILogic.h"
 #include "zorvex/logic/AGILogics.h"
 #include "zorvex/logic/LogCompile.h"

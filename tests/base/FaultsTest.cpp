@@ -19,12 +19,13 @@ Error Caught(const std::function<void()>& step) {
 }  // namespace
 
 TEST(Faults, CatalogueErrorsCarryBaseTextAndFillers) {
-    const Error error = Caught([] { RaiseCatalogue(505, "source", "17", "vol.%1"); });
+    const Error error = Caught([] { RaiseCatalogue(505, "source", "%2", "vol.%1"); });
     EXPECT_EQ(error.Number(), -2147221504 + 505);
     EXPECT_EQ(error.Id(), 505);
     EXPECT_EQ(error.Source(), "source");
-    // The fillers go in one after the other, so what the first brings in is not filled again.
-    EXPECT_EQ(error.Description(), "Invalid resource location (17) in vol.%1.");
+    // What a filler brings in is not filled again.
+    EXPECT_EQ(error.Description(), "Invalid resource location (%2) in vol.%1.");
+    EXPECT_EQ(CatalogueText(505, {"17"}), "Invalid resource location (17) in %2.");
     EXPECT_EQ(CatalogueText(505), "Invalid resource location (%1) in %2.");
     EXPECT_EQ(CatalogueText(1), "");
     EXPECT_NE(CatalogueText(4001), "");

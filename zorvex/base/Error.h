@@ -61,8 +61,9 @@ class Error : public std::exception {
     std::string description_;
 };
 
-/// The catalogue's text of an id; %1 and then %2 are replaced by the fillers given, in every place. Without
-/// fillers the text comes unchanged. An unknown id gives an empty text.
+/// The catalogue's text of an id; %1, %2 ... are replaced by the fillers given, in every place and in one
+/// pass, so that a "%2" inside a filler stays. A placeholder without a filler stays as well. An unknown id
+/// gives an empty text.
 std::string CatalogueText(std::int32_t id, std::initializer_list<std::string_view> fillers = {});
 
 /// Raises ObjectErrorBase + id with the catalogue's text.

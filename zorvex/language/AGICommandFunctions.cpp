@@ -5,15 +5,15 @@
 #include <unordered_map>
 
 #include "zorvex/base/Text.h"
+#include "zorvex/language/ArgumentMarkers.h"
 #include "zorvex/state/LibraryState.h"
 
 namespace zorvex {
 
 namespace {
 
-/// A command's name, and a letter for each argument: n number, v variable, f
-/// flag, m message, o screen object, i inventory item, s string, w word, c
-/// controller.
+/// A command's name, and a letter for each argument: that of its markers, n for
+/// a number.
 struct CommandRow {
     std::string_view name;
     std::string_view types;
@@ -224,8 +224,6 @@ constexpr std::array<CommandRow, 183> actionRows{{{"return", ""},
                                                   {"release.key", ""},
                                                   {"adj.ego.move.to.x.y", "nn"}}};
 
-constexpr std::string_view typeLetters = "nvfmoiswc";  // in the order of ArgTypeEnum
-
 enum VersionedCommand : std::uint8_t { quit = 134, printAt = 151, printAtV = 152 };
 
 /// The highest command that interpreters up to a version know.
@@ -242,7 +240,8 @@ void FillTable(std::array<CommandStruct, Count>& table, const std::array<Command
     for (std::size_t i = 0; i < Count; ++i) {
         table[i] = {std::string(rows[i].name), static_cast<std::uint8_t>(rows[i].types.size()), {}};
         for (std::size_t arg = 0; arg < rows[i].types.size(); ++arg) {
-            table[i].ArgType[arg] = static_cast<ArgTypeEnum>(typeLetters.find(rows[i].types[arg]));
+            const ArgTypeEnum type = MarkerType(rows[i].types.substr(arg, 1));
+            table[i].ArgType[arg] = type == atDefStr ? atNum : type;
         }
     }
 }

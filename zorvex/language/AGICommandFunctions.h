@@ -19,9 +19,6 @@ namespace zorvex {
 inline constexpr std::size_t TestCommandRows = 20;
 inline constexpr std::size_t ActionCommandRows = 183;
 
-/// The letter before an argument's number in source, by ArgTypeEnum from atNum to atCtrl.
-inline constexpr std::array<std::string_view, 9> ArgTypePrefixes{"", "v", "f", "m", "o", "i", "s", "w", "c"};
-
 /// One command: its name in source (lower case, compared without regard to
 /// case) and the arguments that follow its opcode, one byte each. The types at
 /// and beyond ArgCount are atNum and mean nothing.

@@ -8,6 +8,7 @@
 #include "zorvex/compiler/arguments/ArgumentText.h"
 #include "zorvex/compiler/names/GlobalDefines.h"
 #include "zorvex/language/AGICommandFunctions.h"
+#include "zorvex/language/ArgumentMarkers.h"
 #include "zorvex/language/ReservedTables.h"
 #include "zorvex/state/LibraryState.h"
 
@@ -85,7 +86,7 @@ ValueFault ValidateDefValue(TDefine& define, const GlobalDefineTable& globals) {
         define.Type = MarkerType(value);
         const bool reserved = (define.Type == atFlag && number <= lastReservedFlag) ||
                               (define.Type == atVar && number <= lastReservedVariable) ||
-                              EqualNoCase(value, "o0");
+                              EqualNoCase(value, ReservedNames().Group(rgGameInfo)[giEgo].Value);
         if (reserved && Library().UseReservedNames) return ValueFault::ReservedValue;
         return globals.HasValue(value) ? ValueFault::GlobalValue : ValueFault::None;
     }

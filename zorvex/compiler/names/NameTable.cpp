@@ -3,6 +3,7 @@
 #include "zorvex/compiler/arguments/ArgumentText.h"
 #include "zorvex/compiler/names/GlobalDefines.h"
 #include "zorvex/compiler/names/ResourceIDs.h"
+#include "zorvex/language/ArgumentMarkers.h"
 #include "zorvex/language/ReservedTables.h"
 #include "zorvex/state/LibraryState.h"
 
@@ -106,7 +107,8 @@ bool NameTable::ConvertLocal(const TDefine& define, std::string_view& arg, ArgTy
     const std::string_view value = define.Value;
     if (!IsDirect(value, type, varOrNum)) return false;
     // A screen object must be written with a lower-case letter here, and a word must have a valid number.
-    if ((type == atSObj && value.front() != 'o') || (type == atWord && VariableValue(value) == -1))
+    if ((type == atSObj && value.front() != MarkerLetter(atSObj)) ||
+        (type == atWord && VariableValue(value) == -1))
         return false;
     arg = value;
     return true;
