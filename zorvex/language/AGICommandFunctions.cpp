@@ -268,6 +268,20 @@ bool UpTo(std::string_view version, double limit) {
     return static_cast<float>(Val(version)) <= static_cast<float>(limit);
 }
 
+void FitToVersion(CommandTables& tables, std::string_view version) {
+    tables.ActionCommandTable[quit].ArgCount = UpTo(version, 2.089) ? 0 : 1;
+    for (const auto command : {printAt, printAtV}) {
+        tables.ActionCommandTable[command].ArgCount = UpTo(version, 2.4) ? 3 : 4;
+    }
+    tables.ActionCount = newestActionCount;
+    for (const VersionLimit& limit : versionLimits) {
+        if (UpTo(version, limit.version)) {
+            tables.ActionCount = limit.actionCount;
+            break;
+        }
+    }
+}
+
 using NumberByName = std::unordered_map<std::string_view, int>;
 
 template <std::size_t Count>
@@ -294,18 +308,14 @@ void InitCommandTables() {
 }
 
 void SetCommandsForVersion(std::string_view version) {
-    CommandTables& tables = Tables();
-    tables.ActionCommandTable[quit].ArgCount = UpTo(version, 2.089) ? 0 : 1;
-    for (const auto command : {printAt, printAtV}) {
-        tables.ActionCommandTable[command].ArgCount = UpTo(version, 2.4) ? 3 : 4;
-    }
-    tables.ActionCount = newestActionCount;
-    for (const VersionLimit& limit : versionLimits) {
-        if (UpTo(version, limit.version)) {
-            tables.ActionCount = limit.actionCount;
-            break;
-        }
-    }
+    FitToVersion(Tables(), version);
+}
+
+CommandTables CommandsOfVersion(std::string_view version) {
+    CommandTables tables;
+    FillTables(tables);
+    FitToVersion(tables, version);
+    return tables;
 }
 
 int ActionCommandNumber(std::string_view name) {

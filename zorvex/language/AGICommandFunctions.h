@@ -50,6 +50,9 @@ void InitCommandTables();
 /// numbers in single precision.
 void SetCommandsForVersion(std::string_view version);
 
+/// The same for tables of one's own.
+CommandTables CommandsOfVersion(std::string_view version);
+
 /// The number of the command of that name, without regard to case and to the
 /// version; -1 for none.
 int ActionCommandNumber(std::string_view name);
