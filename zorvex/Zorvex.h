@@ -6,6 +6,7 @@
 #include "zorvex/base/CodePage.h"
 #include "zorvex/base/Diagnostic.h"
 #include "zorvex/base/Error.h"
+#include "zorvex/base/ErrorKind.h"
 #include "zorvex/base/Event.h"
 #include "zorvex/base/PathText.h"
 #include "zorvex/base/Text.h"

@@ -48,6 +48,11 @@ std::int32_t Error::Id() const {
                                      static_cast<std::uint32_t>(ObjectErrorBase));
 }
 
+ErrorKind Error::Kind() const {
+    const ErrorKind kind = KindOfError(Id());
+    return kind == ErrorKind::Other ? KindOfError(number_) : kind;
+}
+
 std::string Error::NumberAndText() const {
     return std::to_string(number_) + ":" + description_;
 }
