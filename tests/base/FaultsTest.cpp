@@ -19,16 +19,42 @@ Error Caught(const std::function<void()>& step) {
 }  // namespace
 
 TEST(Faults, CatalogueErrorsCarryBaseTextAndFillers) {
-    const Error error = Caught([] { RaiseCatalogue(505, "source", "17", "vol.%1"); });
+    const Error error = Caught([] { RaiseCatalogue(505, "source", "%2", "vol.%1"); });
     EXPECT_EQ(error.Number(), -2147221504 + 505);
     EXPECT_EQ(error.Id(), 505);
     EXPECT_EQ(error.Source(), "source");
-    // The fillers go in one after the other, so what the first brings in is not filled again.
-    EXPECT_EQ(error.Description(), "Invalid resource location (17) in vol.%1.");
+    // What a filler brings in is not filled again.
+    EXPECT_EQ(error.Description(), "Invalid resource location (%2) in vol.%1.");
+    EXPECT_EQ(CatalogueText(505, {"17"}), "Invalid resource location (17) in %2.");
     EXPECT_EQ(CatalogueText(505), "Invalid resource location (%1) in %2.");
     EXPECT_EQ(CatalogueText(1), "");
     EXPECT_NE(CatalogueText(4001), "");
     EXPECT_NE(CatalogueText(5108), "");
+}
+
+TEST(Faults, EveryNumberHasAKind) {
+    const auto kindOf = [](std::int32_t id) { return Caught([=] { RaiseCatalogue(id, "s"); }).Kind(); };
+    const auto plainKind = [](std::int32_t number) { return Caught([=] { RaiseRuntime(number); }).Kind(); };
+    EXPECT_EQ(kindOf(606), ErrorKind::FileNotFound);
+    EXPECT_EQ(plainKind(reFileNotFound), ErrorKind::FileNotFound);
+    EXPECT_EQ(plainKind(rePermissionDenied), ErrorKind::PermissionDenied);
+    EXPECT_EQ(plainKind(reDiskFull), ErrorKind::DiskFull);
+    EXPECT_EQ(kindOf(501), ErrorKind::AlreadyOpen);
+    EXPECT_EQ(kindOf(563), ErrorKind::NotLoaded);
+    EXPECT_EQ(kindOf(697), ErrorKind::AlreadyExists);
+    EXPECT_EQ(kindOf(4164), ErrorKind::SourceError);
+    EXPECT_EQ(kindOf(649), ErrorKind::Other);
+    EXPECT_EQ(plainKind(123456), ErrorKind::Other);
+    // Only numbers with a text of their own have a kind.
+    for (std::int32_t id = -10; id < 5000; ++id) {
+        const bool known = !CatalogueText(id).empty() || RuntimeText(id) != RuntimeText(0);
+        const bool other = KindOfError(id) == ErrorKind::Other;
+        EXPECT_TRUE(known || id > 4000 || other) << id;
+        EXPECT_FALSE(RuntimeText(id) != RuntimeText(0) && other) << id;
+    }
+    EXPECT_TRUE(Caught([] { RaiseRuntime(reSubscript); }).Is(9));
+    EXPECT_FALSE(Caught([] { RaiseRuntime(reSubscript); }).Is(509));
+    EXPECT_TRUE(Caught([] { RaiseCatalogue(509, "s"); }).Is(509));
 }
 
 TEST(Faults, AnythingThrownBecomesAnError) {

@@ -3,6 +3,7 @@
 #include "tests/support/GameBuilder.h"
 #include "zorvex/base/Error.h"
 #include "zorvex/base/Text.h"
+#include "zorvex/compiler/CheckLogic.h"
 #include "zorvex/decompiler/LogDecode.h"
 #include "zorvex/language/AGICommandFunctions.h"
 #include "zorvex/logic/LogCompile.h"
@@ -31,6 +32,14 @@ std::string WarningText(const std::string& warning) {
     const std::vector<std::string> parts = Split(warning, "|");
     if (parts.size() != 4) return "malformed warning: " + warning;
     return Placed(parts[2], parts[3], parts[0] + " " + parts[1]);
+}
+
+/// A check tells the same as a compile, up to the error that ends the compile.
+void ExpectSameStart(const std::vector<Diagnostic>& told, const LogicCheck& check) {
+    EXPECT_EQ(check.HasErrors(), !told.empty() && told.back().IsError());
+    const std::size_t count = std::min(told.size(), check.Diagnostics.size());
+    EXPECT_TRUE(std::equal(told.begin(), told.end(), check.Diagnostics.begin(),
+                           check.Diagnostics.begin() + static_cast<std::ptrdiff_t>(count)));
 }
 
 }  // namespace
@@ -74,15 +83,22 @@ ScratchGame::Result ScratchGame::Compile(std::string_view source, std::uint8_t n
     const auto logic = Logic(number);
     if (!logic->Loaded()) logic->Load();
     logic->SourceText(source);
+    const LogicCheck check = CheckLogic(source, PresentCheckSettings(number), PresentCheckNames());
+    std::vector<Diagnostic> told;
+    const auto diagnostics = Library().Events->LogCompDiagnostic.Subscribe(
+        [&](const Diagnostic& diagnostic, std::uint8_t) { told.push_back(diagnostic); });
     const auto warnings = Library().Events->LogCompWarning.Subscribe(
         [&](const std::string& warning, std::uint8_t) { result.warnings.push_back(WarningText(warning)); });
     try {
         CompileLogic(*logic);
     } catch (const Error& error) {
         result.error = ErrorText(error);
+        ExpectSameStart(told, check);
         return result;
     }
     const ByteArray bytes = logic->AllData();
+    ExpectSameStart(told, check);
+    EXPECT_TRUE(check.Bytes == bytes);
     const auto codeEnd = static_cast<std::ptrdiff_t>(bytes[0] + 256 * bytes[1] + 2);
     result.code = ByteArray(bytes.begin() + 2, bytes.begin() + codeEnd);
     try {

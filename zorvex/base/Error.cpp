@@ -6,7 +6,6 @@
 #include <system_error>
 
 #include "zorvex/base/ErrorCatalogue.h"
-#include "zorvex/base/Text.h"
 
 namespace zorvex {
 
@@ -49,17 +48,28 @@ std::int32_t Error::Id() const {
                                      static_cast<std::uint32_t>(ObjectErrorBase));
 }
 
+ErrorKind Error::Kind() const {
+    const ErrorKind kind = KindOfError(Id());
+    return kind == ErrorKind::Other ? KindOfError(number_) : kind;
+}
+
 std::string Error::NumberAndText() const {
     return std::to_string(number_) + ":" + description_;
 }
 
 std::string CatalogueText(std::int32_t id, std::initializer_list<std::string_view> fillers) {
-    std::string text(CatalogueEntry(id));
-    std::string placeholder = "%1";
-    for (const std::string_view filler : fillers) {
-        text = ReplaceAll(text, placeholder, filler);
-        ++placeholder[1];
+    const std::string_view entry = CatalogueEntry(id);
+    std::string text;
+    std::size_t taken = 0;
+    for (std::size_t at = entry.find('%'); at != std::string_view::npos; at = entry.find('%', at + 1)) {
+        const char digit = at + 1 < entry.size() ? entry[at + 1] : '0';
+        const auto index = static_cast<std::size_t>(digit - '1');
+        if (digit < '1' || index >= fillers.size()) continue;
+        text += entry.substr(taken, at - taken);
+        text += fillers.begin()[index];
+        taken = at + 2;
     }
+    text += entry.substr(taken);
     return text;
 }
 

@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "zorvex/base/ErrorKind.h"
+
 namespace zorvex {
 
 /// A catalogue error's number is this base plus its id.
@@ -48,8 +50,10 @@ class Error : public std::exception {
     const std::string& Description() const { return description_; }
     /// Number() less ObjectErrorBase: the catalogue id of a catalogue error; meaningless for a plain number.
     std::int32_t Id() const;
-    /// True when this is the catalogue error of that id.
-    bool Is(std::int32_t id) const { return Id() == id; }
+    /// True when this is the catalogue error of that id, or the plain run-time error of that number.
+    bool Is(std::int32_t id) const { return Id() == id || number_ == id; }
+    /// What sort of trouble it is.
+    ErrorKind Kind() const;
     /// Number, ":" and description, the form in which wrapping errors quote an error.
     std::string NumberAndText() const;
 
@@ -61,8 +65,9 @@ class Error : public std::exception {
     std::string description_;
 };
 
-/// The catalogue's text of an id; %1 and then %2 are replaced by the fillers given, in every place. Without
-/// fillers the text comes unchanged. An unknown id gives an empty text.
+/// The catalogue's text of an id; %1, %2 ... are replaced by the fillers given, in every place and in one
+/// pass, so that a "%2" inside a filler stays. A placeholder without a filler stays as well. An unknown id
+/// gives an empty text.
 std::string CatalogueText(std::int32_t id, std::initializer_list<std::string_view> fillers = {});
 
 /// Raises ObjectErrorBase + id with the catalogue's text.

@@ -1,4 +1,4 @@
-// The one table of message texts: object errors 501 to 697, compile errors 4001 to 4161, compile warnings
+// The one table of message texts: object errors 501 to 697, compile errors 4001 to 4164, compile warnings
 // 5001 to 5108.
 #pragma once
 

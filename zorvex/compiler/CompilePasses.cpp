@@ -5,9 +5,6 @@
 #include "zorvex/base/CodePage.h"
 #include "zorvex/compiler/StatementCompiler.h"
 #include "zorvex/compiler/lines/SourcePreparation.h"
-#include "zorvex/language/ReservedTables.h"
-#include "zorvex/state/LibraryState.h"
-#include "zorvex/vocab/AGIInventoryObjects.h"
 
 namespace zorvex {
 
@@ -18,23 +15,12 @@ void DropEmptyEnd(CompileRun& run) {
     auto& lines = run.SourceLines;
     while (!lines.empty() && lines.back().text.empty() && lines.back().file < 0)
         lines.pop_back();
-    if (!lines.empty()) return;
+    if (!lines.empty() || run.HasFailed()) return;
     run.ErrLine = 0;
     run.Fail(4159);
 }
 
 }  // namespace
-
-void RefreshReservedValues() {
-    auto& info = ReservedNames().Group(rgGameInfo);
-    const LibraryState& library = Library();
-    const auto quoted = [](const std::string& text) { return '"' + TextToGame(text) + '"'; };
-    info[giGameVersionMsg].Value = quoted(library.GameVersion);
-    info[giGameAboutMsg].Value = quoted(library.GameAbout);
-    info[giGameID].Value = quoted(library.GameID);
-    const bool loaded = library.InventoryObjects != nullptr && library.InventoryObjects->Loaded();
-    info[giNumberOfItems].Value = std::to_string(loaded ? library.InventoryObjects->Count() - 1 : -1);
-}
 
 void RunPasses(CompileRun& run, std::string sourceText) {
     AddIncludes(run, std::move(sourceText));
@@ -46,6 +32,7 @@ void RunPasses(CompileRun& run, std::string sourceText) {
     run.LogicBuffer.NewResource();
     run.LogicBuffer.WriteWord(0, 0);
     StatementCompiler(run).CompileAGI();
+    if (run.HasFailed()) return;
     try {
         WriteMsgs(run.LogicBuffer, run.Messages);
     } catch (...) {

@@ -7,11 +7,9 @@
 
 namespace zorvex {
 
-/// Gives the reserved names that speak of the game their present values.
-void RefreshReservedValues();
-
 /// Takes a source text, as game text, through all passes; the code and messages then stand in the run's
-/// LogicBuffer. A fault of the source leaves as a CompileFailure, one of a warning handler as a HandlerFault.
+/// LogicBuffer. A fault of the source leaves as a CompileFailure, unless the run goes on after it; the
+/// LogicBuffer is then worth nothing. A fault of a warning handler leaves as a HandlerFault.
 void RunPasses(CompileRun& run, std::string sourceText);
 
 }  // namespace zorvex

@@ -2,9 +2,6 @@
 
 #include "zorvex/base/Checked.h"
 #include "zorvex/base/CodePage.h"
-#include "zorvex/language/AGILogicSourceSettings.h"
-#include "zorvex/state/AGIGameEvents.h"
-#include "zorvex/state/LibraryState.h"
 
 namespace zorvex {
 
@@ -26,17 +23,19 @@ std::string FilledText(std::int32_t number, std::initializer_list<std::string_vi
     }
 }
 
-/// True when the host does not want to hear of a warning; those past the last switch always go out.
-bool IsIgnored(std::int32_t number) {
-    const auto& switches = Library().IgnoreWarnings;
-    const auto index = static_cast<std::size_t>(number - firstWarning);
-    return number >= firstWarning && index < switches.size() && switches[index];
+/// A failure's text without the number at its head.
+std::string_view WithoutNumber(std::string_view text, std::int32_t number) {
+    const std::string head = std::to_string(number) + ": ";
+    return text.starts_with(head) ? text.substr(head.size()) : text;
 }
 
 }  // namespace
 
-CompileRun::CompileRun(std::uint8_t logicNumber, LogicErrorLevel level)
-    : LogicNumber(logicNumber), Level(level) {}
+CompileRun::CompileRun(CompileWorld& world)
+    : World(world),
+      LogicNumber(world.LogicNumber()),
+      Level(world.Level()),
+      Names(world.Globals(), world.ResourceIDs(), world.UsedReserved()) {}
 
 // --- Reporting ---
 CompileFailure CompileRun::Failure(std::int32_t number,
@@ -50,27 +49,29 @@ void CompileRun::Fail(std::int32_t number, std::initializer_list<std::string_vie
 
 void CompileRun::FailOrBlameQuote(std::int32_t number, std::initializer_list<std::string_view> fillers) {
     if (QuoteErrLine == -1) Fail(number, fillers);
-    LineIndex = QuoteErrLine;
-    BlameLine();
+    BlameLine(QuoteErrLine);
     Fail(4051);
 }
 
 void CompileRun::Warn(std::int32_t number, std::initializer_list<std::string_view> fillers) {
-    if (IsIgnored(number)) return;
-    AddWarning(number, FilledText(number, fillers));
-}
-
-void CompileRun::AddWarning(std::int32_t number, std::string_view text) {
-    if (IsIgnored(number)) return;
-    const std::string shown = text.empty() ? CatalogueText(number) : std::string(text);
-    const std::string warning =
-        std::to_string(number) + "|" + shown + "|" + std::to_string(ErrLine + 1) + "|" + ModuleName();
-    Library().CompileColumn = Column();
+    if (World.Ignores(number)) return;
+    const Diagnostic warning{Severity::Warning, number,      FilledText(number, fillers),
+                             ModuleName(),      ErrLine + 1, Column()};
     try {
-        if (Library().Events) Library().Events->LogCompWarning.Raise(warning, LogicNumber);
+        World.TakeWarning(warning);
     } catch (...) {
         throw HandlerFault{std::current_exception()};
     }
+}
+
+Diagnostic CompileRun::Told(const CompileFailure& failure) const {
+    return {Severity::Error, failure.number, std::string(WithoutNumber(failure.text, failure.number)),
+            ModuleName(),    ErrLine + 1,    Column()};
+}
+
+void CompileRun::Recover(const CompileFailure& failure) {
+    if (!World.TakeError(Told(failure))) throw;
+    hasFailed_ = true;
 }
 
 void CompileRun::Report(std::int32_t high, std::int32_t medium,
@@ -109,9 +110,9 @@ void CompileRun::NextLine() {
     BlameLine();
 }
 
-void CompileRun::BlameLine() {
-    if (LineIndex < 0) return;
-    const SourceLine& line = SourceLines[static_cast<std::size_t>(LineIndex)];
+void CompileRun::BlameLine(std::int32_t index) {
+    if (index < 0) return;
+    const SourceLine& line = SourceLines[static_cast<std::size_t>(index)];
     ErrModule = line.file;
     ErrLine = line.number;
 }
@@ -143,6 +144,15 @@ bool IsLibraryError(const Error& error) {
     constexpr std::int32_t firstId = 501;
     constexpr std::int32_t lastId = 5108;
     return error.Id() >= firstId && error.Id() <= lastId;
+}
+
+Diagnostic ToldPlaceless(const Error& error) {
+    constexpr std::int32_t unhandled = 634;
+    const bool own = IsLibraryError(error);
+    Diagnostic told;
+    told.Number = own ? error.Id() : unhandled;
+    told.Text = own ? error.Description() : CatalogueText(591, {error.NumberAndText()});
+    return told;
 }
 
 }  // namespace zorvex

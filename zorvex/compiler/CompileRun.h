@@ -14,16 +14,19 @@
 #include <utility>
 #include <vector>
 
+#include "zorvex/base/Diagnostic.h"
 #include "zorvex/base/Error.h"
 #include "zorvex/base/Faults.h"
 #include "zorvex/base/Types.h"
+#include "zorvex/compiler/CompileWorld.h"
 #include "zorvex/compiler/names/NameTable.h"
 #include "zorvex/language/MessageSection.h"
 #include "zorvex/storage/AGIResource.h"
 
 namespace zorvex {
 
-/// The one error that ends a compile, on its way to the driver. It never leaves the compiler.
+/// An error of the source on its way to the driver, or to the place where the compile can go on. It never
+/// leaves the compiler.
 struct CompileFailure {
     std::int32_t number = 0;
     std::string text;   // with the number at its head; host text
@@ -60,10 +63,12 @@ enum MessageFlag : std::uint8_t { mfControl = 1, mfExtended = 2 };
 /// compilers read it; it dies with the run. All texts are game text unless they say otherwise.
 class CompileRun {
   public:
-    CompileRun(std::uint8_t logicNumber, LogicErrorLevel level);
+    explicit CompileRun(CompileWorld& world);
     CompileRun(const CompileRun&) = delete;
     CompileRun& operator=(const CompileRun&) = delete;
 
+    /// Everything outside the source. It outlives the run.
+    CompileWorld& World;
     const std::uint8_t LogicNumber;
     const LogicErrorLevel Level;
 
@@ -77,12 +82,18 @@ class CompileRun {
                                        std::initializer_list<std::string_view> fillers = {});
     /// Gives a warning at the present place, unless the host ignores its number. Fillers are game text.
     void Warn(std::int32_t number, std::initializer_list<std::string_view> fillers = {});
-    /// As Warn, with a text of its own, or the catalogue's if it is empty. Host text.
-    void AddWarning(std::int32_t number, std::string_view text = {});
 
     /// What is at fault at each level, most of the compiler's checks in one call: at leHigh the first number,
     /// at leMedium the second, at leLow none. A number below 5000 is an error, 0 is nothing.
     void Report(std::int32_t high, std::int32_t medium, std::initializer_list<std::string_view> fillers = {});
+
+    /// A failure as it is told to hosts, at the present place.
+    Diagnostic Told(const CompileFailure& failure) const;
+    /// Tells of a failure, if the compile shall go on after it; else throws it on. To be called in the
+    /// handler that caught it.
+    void Recover(const CompileFailure& failure);
+    /// True when the compile has gone on after an error.
+    bool HasFailed() const { return hasFailed_; }
 
     /// The full name of the file that is blamed; "" for the logic's own text. Host text.
     std::string ModuleName() const;
@@ -104,8 +115,10 @@ class CompileRun {
     void ResetCompiler();
     /// Moves to the next line; past the last, LineIndex becomes -1 and CurrentLine stays.
     void NextLine();
-    /// Makes the present line the one that errors and warnings report, in the file that it comes from.
-    void BlameLine();
+    /// Makes a line the one that errors and warnings report, in the file that it comes from.
+    void BlameLine(std::int32_t index);
+    /// The same for the present line.
+    void BlameLine() { BlameLine(LineIndex); }
     /// Puts another text in the place of the present line.
     void UpdateCurrentLine(std::string_view text) {
         SourceLines[static_cast<std::size_t>(LineIndex)].text = text;
@@ -143,7 +156,20 @@ class CompileRun {
 
   private:
     NameMap<std::int32_t> labelIndex_;
+    bool hasFailed_ = false;
 };
+
+/// Runs a step after whose failure the compile can go on. False when it failed and the compile goes on.
+template <class Step>
+bool Recovering(CompileRun& run, Step&& step) {
+    try {
+        std::forward<Step>(step)();
+        return true;
+    } catch (const CompileFailure& failure) {
+        run.Recover(failure);
+        return false;
+    }
+}
 
 /// Runs a step of the compiler. What the compiler throws itself passes; any other fault goes to `other`,
 /// which must not return.
@@ -171,6 +197,10 @@ decltype(auto) Reporting(const CompileRun& run, std::string_view procedure, Step
 
 /// True for an error that the library numbers itself.
 bool IsLibraryError(const Error& error);
+
+/// A fault that has no place in the source, as it is told to hosts: a library error under its own number, any
+/// other as 634.
+Diagnostic ToldPlaceless(const Error& error);
 
 /// Runs a step; a library error passes, any other fault is raised as the library error `id`.
 template <class Step>

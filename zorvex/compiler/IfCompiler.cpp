@@ -129,7 +129,7 @@ void IfCompiler::CompileTest(std::string_view token) {
 }
 
 void IfCompiler::CompileTestCommand(std::uint8_t test) {
-    const CommandStruct& row = CommandCatalogue().TestCommandTable[test];
+    const CommandStruct& row = run_.World.Commands().TestCommandTable[test];
     run_.Append(test);
     if (!TakeChar(run_, '(')) run_.Fail(4048);
     if (test == returnFalseTest) run_.Report(5081, 5081);

@@ -173,6 +173,7 @@ void StatementCompiler::ReadValue(std::string_view token, SpecialCommand& specia
     }
     special.rightIsVariable = true;
     const bool known = run_.Names.ConvertArgument(text, atNum, special.rightIsVariable);
+    if (known) arguments_.RequireItemCount(token, text);
     const std::int32_t value = known ? VariableValue(text) : -1;
     if (value == -1) run_.Fail(4088, {text});
     special.right = static_cast<std::uint8_t>(value);

@@ -1,5 +1,7 @@
 #include "zorvex/compiler/StatementCompiler.h"
 
+#include <algorithm>
+
 #include "zorvex/base/Checked.h"
 #include "zorvex/base/Text.h"
 #include "zorvex/compiler/IfCompiler.h"
@@ -23,7 +25,7 @@ constexpr std::int32_t elseBytes = 3;
 }  // namespace
 
 std::uint8_t CommandNum(CompileRun& run, bool isTest, std::string_view name) {
-    const CommandTables& tables = CommandCatalogue();
+    const CommandTables& tables = run.World.Commands();
     const int number = isTest ? TestCommandNumber(name) : ActionCommandNumber(name);
     if (number < 0 || (isTest && number > tables.TestCount)) return UnknownCommand;
     if (!isTest && number > tables.ActionCount) {
@@ -36,11 +38,14 @@ std::uint8_t CommandNum(CompileRun& run, bool isTest, std::string_view name) {
 void StatementCompiler::CompileAGI() {
     WrappedRuntime(658, [&] {
         run_.ResetCompiler();
+        lastFailed_ = run_.HasFailed();
         token_ = NextCommand(run_, false);
         while (run_.LineIndex != -1) {
             lastWasReturn_ = false;
             returnLine_ = 0;
-            Statement();
+            const StatementStart start{token_, run_.LineIndex, run_.CharPos, blockDepth_};
+            lastFailed_ = !Recovering(run_, [&] { Statement(); });
+            if (lastFailed_) GoOnAfter(start);
             prevToken_ = token_;
             token_ = NextCommand(run_, false);
         }
@@ -71,6 +76,48 @@ void StatementCompiler::Statement() {
     } else {
         CompileNamed();
     }
+}
+
+// --- Going on after an error ---
+void StatementCompiler::GoOnAfter(const StatementStart& start) {
+    blockDepth_ = start.blockDepth;
+    token_ = start.token;
+    run_.Append(returnCommand);  // so that its block does not count as an empty one
+    if (start.token == "}") {
+        if (blockDepth_ > 0) --blockDepth_;
+    } else if (start.token == "{") {
+        OpenLostBlock();
+    } else if (start.token != ";") {
+        SkipStatement(start);
+    }
+}
+
+/// Skips the rest of a statement: up to its semicolon, or to the brace behind it.
+void StatementCompiler::SkipStatement(const StatementStart& start) {
+    const bool moved = run_.LineIndex != start.lineIndex || run_.TokenStart >= start.charPos;
+    // The token that the error met may be the end of the statement or the beginning of the next.
+    if (moved) run_.CharPos = std::min(run_.TokenStart, run_.CurrentLine.size());
+    while (true) {
+        token_ = NextCommand(run_, false);
+        if (run_.LineIndex == -1 || token_ == ";") return;
+        if (token_ == "{") return OpenLostBlock();
+        if (token_ == "}") {
+            run_.CharPos = run_.TokenStart;
+            return;
+        }
+    }
+}
+
+/// Begins a block whose statement failed, so that its closing brace is not one too many.
+void StatementCompiler::OpenLostBlock() {
+    if (blockDepth_ >= maxBlocks) {
+        run_.LineIndex = -1;  // the braces can be counted no further
+        return;
+    }
+    ++blockDepth_;
+    blocks_[static_cast<std::size_t>(blockDepth_)] = {run_.Position(), 0, true};
+    run_.LogicBuffer.WriteWord(0);
+    run_.Append(returnCommand);
 }
 
 // --- Blocks ---
@@ -187,7 +234,7 @@ void StatementCompiler::CompileCommand(std::uint8_t command) {
 }
 
 void StatementCompiler::ReadArguments(std::uint8_t command, std::array<std::uint8_t, 8>& values) {
-    const CommandStruct& row = CommandCatalogue().ActionCommandTable[command];
+    const CommandStruct& row = run_.World.Commands().ActionCommandTable[command];
     for (std::uint8_t i = 0; i < row.ArgCount; ++i) {
         if (i > 0 && !TakeChar(run_, ',', true)) run_.FailOrBlameQuote(4047, {std::to_string(i + 1)});
         const std::int32_t value =
@@ -199,12 +246,12 @@ void StatementCompiler::ReadArguments(std::uint8_t command, std::array<std::uint
 
 // --- The end ---
 void StatementCompiler::FinishCode() {
-    if (!lastWasReturn_) {
+    if (!lastWasReturn_ && !lastFailed_) {
         if (run_.Level == leHigh) run_.Fail(4102);
         run_.Append(returnCommand);
         if (run_.Level == leLow) run_.Warn(5016);
     }
-    if (blockDepth_ > 0) {
+    if (blockDepth_ > 0 && !run_.HasFailed()) {
         run_.ErrLine = returnLine_;
         run_.Fail(4009);
     }

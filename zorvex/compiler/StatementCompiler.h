@@ -12,8 +12,8 @@
 namespace zorvex {
 
 /// Compiles all statements of a run in one walk over the tokens. Bytes go to the run's buffer at once; the
-/// length of a block is filled in at its closing brace, the distance of a jump at the very end. The first
-/// error ends the compile.
+/// length of a block is filled in at its closing brace, the distance of a jump at the very end. After an
+/// error the walk goes on at the next statement, if the run shall go on at all.
 class StatementCompiler {
   public:
     explicit StatementCompiler(CompileRun& run) : run_(run), arguments_(run) {}
@@ -46,7 +46,18 @@ class StatementCompiler {
         bool rightIsVariable = false;
     };
 
+    /// Where a statement began.
+    struct StatementStart {
+        std::string_view token;
+        std::int32_t lineIndex;
+        std::size_t charPos;  // behind the token
+        std::int32_t blockDepth;
+    };
+
     void Statement();
+    void GoOnAfter(const StatementStart& start);
+    void SkipStatement(const StatementStart& start);
+    void OpenLostBlock();
     void CloseBlock();
     void CompileIfStatement();
     void CompileElse();
@@ -83,6 +94,7 @@ class StatementCompiler {
     std::array<Block, maxBlocks + 2> blocks_{};
     std::vector<GotoEntry> gotos_;
     bool lastWasReturn_ = false;
+    bool lastFailed_ = false;
     std::int32_t returnLine_ = 0;
 };
 

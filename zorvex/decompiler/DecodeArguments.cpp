@@ -1,6 +1,7 @@
 // The third step of a decompile: the text of arguments, as numbers, names or messages.
 #include "zorvex/base/Text.h"
 #include "zorvex/decompiler/DecodeRun.h"
+#include "zorvex/language/ArgumentMarkers.h"
 
 namespace zorvex {
 
@@ -125,11 +126,11 @@ void DecodeRun::FlagValue(std::uint8_t value) {
     if (value == autoloopFlag && static_cast<float>(Val(settings_.InterpreterVersion)) >= autoloopVersion) {
         return AppendName(rgFlags, autoloopEntry);
     }
-    AppendNumbered("f", value);
+    AppendNumbered(ArgTypePrefixes[atFlag], value);
 }
 
 void DecodeRun::ItemValue(std::uint8_t value) {
-    if (!names_.HasItems()) return AppendNumbered("i", value);
+    if (!names_.HasItems()) return AppendNumbered(ArgTypePrefixes[atIObj], value);
     const auto item = names_.Item(value);
     if (!item) {
         if (settings_.ErrorLevel == leHigh) Fail("Unknown inventory item (" + std::to_string(value) + ")");
@@ -146,7 +147,7 @@ void DecodeRun::ItemValue(std::uint8_t value) {
         line_ += '"';
         return;
     }
-    AppendNumbered("i", value);
+    AppendNumbered(ArgTypePrefixes[atIObj], value);
 }
 
 std::string DecodeRun::MessageValue(std::uint8_t value) {
@@ -160,7 +161,7 @@ std::string DecodeRun::MessageValue(std::uint8_t value) {
         }
     }
     msgUsed_[value] = true;
-    return exists ? messages_[value - 1U] : "m" + std::to_string(value);
+    return exists ? messages_[value - 1U] : std::string(ArgTypePrefixes[atMsg]) + std::to_string(value);
 }
 
 void DecodeRun::AppendWrapped(std::string_view literal) {

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "zorvex/language/AGICommandFunctions.h"
+#include "zorvex/language/ArgumentMarkers.h"
 #include "zorvex/language/LogicFormat.h"
 
 namespace zorvex {

@@ -5,15 +5,15 @@
 #include <unordered_map>
 
 #include "zorvex/base/Text.h"
+#include "zorvex/language/ArgumentMarkers.h"
 #include "zorvex/state/LibraryState.h"
 
 namespace zorvex {
 
 namespace {
 
-/// A command's name, and a letter for each argument: n number, v variable, f
-/// flag, m message, o screen object, i inventory item, s string, w word, c
-/// controller.
+/// A command's name, and a letter for each argument: that of its markers, n for
+/// a number.
 struct CommandRow {
     std::string_view name;
     std::string_view types;
@@ -224,8 +224,6 @@ constexpr std::array<CommandRow, 183> actionRows{{{"return", ""},
                                                   {"release.key", ""},
                                                   {"adj.ego.move.to.x.y", "nn"}}};
 
-constexpr std::string_view typeLetters = "nvfmoiswc";  // in the order of ArgTypeEnum
-
 enum VersionedCommand : std::uint8_t { quit = 134, printAt = 151, printAtV = 152 };
 
 /// The highest command that interpreters up to a version know.
@@ -242,7 +240,8 @@ void FillTable(std::array<CommandStruct, Count>& table, const std::array<Command
     for (std::size_t i = 0; i < Count; ++i) {
         table[i] = {std::string(rows[i].name), static_cast<std::uint8_t>(rows[i].types.size()), {}};
         for (std::size_t arg = 0; arg < rows[i].types.size(); ++arg) {
-            table[i].ArgType[arg] = static_cast<ArgTypeEnum>(typeLetters.find(rows[i].types[arg]));
+            const ArgTypeEnum type = MarkerType(rows[i].types.substr(arg, 1));
+            table[i].ArgType[arg] = type == atDefStr ? atNum : type;
         }
     }
 }
@@ -267,6 +266,20 @@ CommandTables& Tables() {
 /// however they were reached.
 bool UpTo(std::string_view version, double limit) {
     return static_cast<float>(Val(version)) <= static_cast<float>(limit);
+}
+
+void FitToVersion(CommandTables& tables, std::string_view version) {
+    tables.ActionCommandTable[quit].ArgCount = UpTo(version, 2.089) ? 0 : 1;
+    for (const auto command : {printAt, printAtV}) {
+        tables.ActionCommandTable[command].ArgCount = UpTo(version, 2.4) ? 3 : 4;
+    }
+    tables.ActionCount = newestActionCount;
+    for (const VersionLimit& limit : versionLimits) {
+        if (UpTo(version, limit.version)) {
+            tables.ActionCount = limit.actionCount;
+            break;
+        }
+    }
 }
 
 using NumberByName = std::unordered_map<std::string_view, int>;
@@ -295,18 +308,14 @@ void InitCommandTables() {
 }
 
 void SetCommandsForVersion(std::string_view version) {
-    CommandTables& tables = Tables();
-    tables.ActionCommandTable[quit].ArgCount = UpTo(version, 2.089) ? 0 : 1;
-    for (const auto command : {printAt, printAtV}) {
-        tables.ActionCommandTable[command].ArgCount = UpTo(version, 2.4) ? 3 : 4;
-    }
-    tables.ActionCount = newestActionCount;
-    for (const VersionLimit& limit : versionLimits) {
-        if (UpTo(version, limit.version)) {
-            tables.ActionCount = limit.actionCount;
-            break;
-        }
-    }
+    FitToVersion(Tables(), version);
+}
+
+CommandTables CommandsOfVersion(std::string_view version) {
+    CommandTables tables;
+    FillTables(tables);
+    FitToVersion(tables, version);
+    return tables;
 }
 
 int ActionCommandNumber(std::string_view name) {

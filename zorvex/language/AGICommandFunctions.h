@@ -19,9 +19,6 @@ namespace zorvex {
 inline constexpr std::size_t TestCommandRows = 20;
 inline constexpr std::size_t ActionCommandRows = 183;
 
-/// The letter before an argument's number in source, by ArgTypeEnum from atNum to atCtrl.
-inline constexpr std::array<std::string_view, 9> ArgTypePrefixes{"", "v", "f", "m", "o", "i", "s", "w", "c"};
-
 /// One command: its name in source (lower case, compared without regard to
 /// case) and the arguments that follow its opcode, one byte each. The types at
 /// and beyond ArgCount are atNum and mean nothing.
@@ -52,6 +49,9 @@ void InitCommandTables();
 /// argument counts of `quit`, `print.at` and `print.at.v`. Versions compare as
 /// numbers in single precision.
 void SetCommandsForVersion(std::string_view version);
+
+/// The same for tables of one's own.
+CommandTables CommandsOfVersion(std::string_view version);
 
 /// The number of the command of that name, without regard to case and to the
 /// version; -1 for none.

@@ -7,6 +7,7 @@
 #include "zorvex/base/CodePage.h"
 #include "zorvex/base/Text.h"
 #include "zorvex/language/AGICommandFunctions.h"
+#include "zorvex/language/ArgumentMarkers.h"
 #include "zorvex/language/ReservedTables.h"
 #include "zorvex/state/GameProperties.h"
 #include "zorvex/state/LibraryState.h"
@@ -65,11 +66,6 @@ bool IsNumeric(std::string_view text) {
     return ParseNumber(text).has_value();
 }
 
-bool LooksLikeArgument(std::string_view name) {
-    return std::string_view("cfimosvw").find(LowerCase(name.front())) != std::string_view::npos &&
-           IsNumeric(name.substr(1));
-}
-
 bool IsKeyword(std::string_view name) {
     return EqualNoCase(name, "if") || EqualNoCase(name, "else") || EqualNoCase(name, "goto");
 }
@@ -91,7 +87,7 @@ bool IsTaken(const TDefine& entry, const AGILogicSourceSettings& settings) {
 bool NameIsGood(const TDefine& entry, const AGILogicSourceSettings& settings) {
     const std::string& name = entry.Name;
     if (name == entry.Default) return true;
-    if (name.empty() || IsNumeric(name) || IsKeyword(name) || LooksLikeArgument(name)) return false;
+    if (name.empty() || IsNumeric(name) || IsKeyword(name) || IsMarker(name)) return false;
     if (ActionCommandNumber(name) >= 0 || TestCommandNumber(name) >= 0) return false;
     return !IsTaken(entry, settings) && std::none_of(name.begin(), name.end(), IsForbidden);
 }

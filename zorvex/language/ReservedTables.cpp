@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "zorvex/language/ArgumentMarkers.h"
 #include "zorvex/state/LibraryState.h"
 
 namespace zorvex {
@@ -33,31 +34,34 @@ constexpr auto colorNames = std::to_array<std::string_view>(
 
 /// Flag 20, the one reserved flag whose number is not its place in the table.
 constexpr std::size_t autoloopEntry = 17;
-constexpr std::string_view autoloopFlag = "f20";
+constexpr std::size_t autoloopFlag = 20;
 
 struct GameInfoEntry {
     std::string_view name;
     ArgTypeEnum type;
-    std::string_view value;  // empty where the game gives it
+    bool fromGame;  // else the argument of that type and the number 0
 };
-constexpr auto gameInfo = std::to_array<GameInfoEntry>({{"ego", atSObj, "o0"},
-                                                        {"gameVersionMsg", atDefStr, ""},
-                                                        {"gameAboutMsg", atDefStr, ""},
-                                                        {"gameID", atDefStr, ""},
-                                                        {"numberOfItems", atNum, ""},
-                                                        {"inputPrompt", atStr, "s0"}});
+constexpr auto gameInfo = std::to_array<GameInfoEntry>({{"ego", atSObj, false},
+                                                        {"gameVersionMsg", atDefStr, true},
+                                                        {"gameAboutMsg", atDefStr, true},
+                                                        {"gameID", atDefStr, true},
+                                                        {"numberOfItems", atNum, true},
+                                                        {"inputPrompt", atStr, false}});
+
+std::string NumberedArgument(ArgTypeEnum type, std::size_t number) {
+    return std::string(ArgTypePrefixes[type]) + std::to_string(number);
+}
 
 TDefine Entry(std::string_view name, ArgTypeEnum type, std::string value) {
     return {std::string(name), std::string(name), std::move(value), type, {}};
 }
 
 template <std::size_t Count>
-std::vector<TDefine> Numbered(const std::array<std::string_view, Count>& names, ArgTypeEnum type,
-                              std::string_view prefix) {
+std::vector<TDefine> Numbered(const std::array<std::string_view, Count>& names, ArgTypeEnum type) {
     std::vector<TDefine> table;
     table.reserve(Count);
     for (const std::string_view name : names) {
-        table.push_back(Entry(name, type, std::string(prefix) + std::to_string(table.size())));
+        table.push_back(Entry(name, type, NumberedArgument(type, table.size())));
     }
     return table;
 }
@@ -65,21 +69,20 @@ std::vector<TDefine> Numbered(const std::array<std::string_view, Count>& names, 
 }  // namespace
 
 void ReservedTables::Init() {
-    Group(rgVariables) = Numbered(variableNames, atVar, "v");
-    Group(rgFlags) = Numbered(flagNames, atFlag, "f");
-    Group(rgFlags)[autoloopEntry].Value = autoloopFlag;
-    Group(rgEdgeCodes) = Numbered(edgeNames, atNum, "");
-    Group(rgDirections) = Numbered(directionNames, atNum, "");
-    Group(rgVideoModes) = Numbered(videoModeNames, atNum, "");
-    Group(rgComputerTypes) = Numbered(computerNames, atNum, "");
-    Group(rgColors) = Numbered(colorNames, atNum, "");
+    Group(rgVariables) = Numbered(variableNames, atVar);
+    Group(rgFlags) = Numbered(flagNames, atFlag);
+    Group(rgFlags)[autoloopEntry].Value = NumberedArgument(atFlag, autoloopFlag);
+    Group(rgEdgeCodes) = Numbered(edgeNames, atNum);
+    Group(rgDirections) = Numbered(directionNames, atNum);
+    Group(rgVideoModes) = Numbered(videoModeNames, atNum);
+    Group(rgComputerTypes) = Numbered(computerNames, atNum);
+    Group(rgColors) = Numbered(colorNames, atNum);
 
     std::vector<TDefine>& info = Group(rgGameInfo);
     info.resize(gameInfo.size());
     for (std::size_t i = 0; i < gameInfo.size(); ++i) {
-        const bool fromGame = gameInfo[i].value.empty();
-        info[i] = Entry(gameInfo[i].name, gameInfo[i].type,
-                        fromGame ? std::move(info[i].Value) : std::string(gameInfo[i].value));
+        const auto& [name, type, fromGame] = gameInfo[i];
+        info[i] = Entry(name, type, fromGame ? std::move(info[i].Value) : NumberedArgument(type, 0));
     }
 }
 

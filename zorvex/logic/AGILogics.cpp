@@ -5,6 +5,7 @@
 #include "zorvex/compiler/names/GlobalDefines.h"
 #include "zorvex/compiler/names/NameTable.h"
 #include "zorvex/compiler/names/ResourceIDs.h"
+#include "zorvex/language/ReservedTables.h"
 #include "zorvex/state/GameProperties.h"
 #include "zorvex/state/LibraryState.h"
 
@@ -26,7 +27,8 @@ std::string AGILogics::ConvertArg(std::string_view argIn, ArgTypeEnum argType, b
         LoadResourceIDs();
     }
     std::string_view result = argIn;
-    const NameTable names;
+    const NameTable names(Library().GlobalDefines, Library().ResourceIDs,
+                          Library().UseReservedNames ? &ReservedNames() : nullptr);
     names.ConvertArgument(result, argType, varOrNum);
     return LowerCase(result);
 }

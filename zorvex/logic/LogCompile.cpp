@@ -4,11 +4,10 @@
 #include "zorvex/base/CodePage.h"
 #include "zorvex/compiler/CompilePasses.h"
 #include "zorvex/compiler/CompileRun.h"
-#include "zorvex/compiler/names/GlobalDefines.h"
-#include "zorvex/compiler/names/ResourceIDs.h"
-#include "zorvex/language/AGILogicSourceSettings.h"
+#include "zorvex/compiler/GameWorld.h"
 #include "zorvex/logic/AGILogics.h"
 #include "zorvex/logic/LogCompile.h"
+#include "zorvex/state/AGIGameEvents.h"
 #include "zorvex/state/LibraryState.h"
 
 namespace zorvex {
@@ -26,15 +25,29 @@ class RunningMark {
     ~RunningMark() { Library().CompilingLogic = false; }
 };
 
+void Tell(const AGILogic& logic, const Diagnostic& error) {
+    Library().CompileColumn = error.Column;
+    if (const auto events = Library().Events) events->LogCompDiagnostic.Raise(error, logic.Number());
+}
+
 /// A fault that has no place in the source.
 [[noreturn]] void RaisePlaceless(std::string_view what) {
     RaiseText(ObjectErrorBase + 634, errorSource, "-1||" + CatalogueText(591, {what}));
 }
 
-[[noreturn]] void RaiseAtPlace(const CompileRun& run, const CompileFailure& failure) {
-    Library().CompileColumn = run.Column();
+/// Tells of a fault that has no place in the source, and raises it.
+[[noreturn]] void RaisePlaceless(const AGILogic& logic, const Error& error) {
+    RememberError(error);
+    Tell(logic, ToldPlaceless(error));
+    if (IsLibraryError(error)) throw error;
+    RaisePlaceless(error.NumberAndText());
+}
+
+[[noreturn]] void RaiseAtPlace(const AGILogic& logic, const CompileRun& run, const CompileFailure& failure) {
+    const Diagnostic told = run.Told(failure);
+    Tell(logic, told);
     RaiseText(ObjectErrorBase + 635, errorSource,
-              std::to_string(run.ErrLine + 1) + "|" + run.ModuleName() + "|" + failure.text);
+              std::to_string(told.Line) + "|" + told.File + "|" + failure.text);
 }
 
 void CompileInto(AGILogic& logic, CompileRun& run) {
@@ -51,24 +64,19 @@ void CompileLogic(AGILogic& logic) {
     Library().CompileColumn = 0;
     // A handler may take the logic out of the game while it is being compiled.
     const auto keep = Library().Logics ? Library().Logics->Find(logic.Number()) : nullptr;
-    Attempt([] { CurrentGlobalDefines(); });
-    Attempt([] { LoadResourceIDs(); });
-    RefreshReservedValues();
+    std::unique_ptr<GameWorld> world;
     std::unique_ptr<CompileRun> run;
     try {
-        const auto& settings = Library().LogicSourceSettings;
-        run = std::make_unique<CompileRun>(logic.Number(), settings ? settings->ErrorLevel() : leHigh);
+        world = std::make_unique<GameWorld>(logic.Number());
+        run = std::make_unique<CompileRun>(*world);
         CompileInto(logic, *run);
     } catch (const CompileFailure& failure) {
-        RaiseAtPlace(*run, failure);
+        RaiseAtPlace(logic, *run, failure);
     } catch (const HandlerFault& fault) {
         run.reset();
         std::rethrow_exception(fault.fault);
     } catch (...) {
-        const Error error = CurrentError();
-        RememberError(error);
-        if (IsLibraryError(error)) throw error;
-        RaisePlaceless(error.NumberAndText());
+        RaisePlaceless(logic, CurrentError());
     }
 }
 

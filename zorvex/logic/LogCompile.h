@@ -15,6 +15,8 @@ class AGILogic;
 /// line counts from 1; the module is the full name of the include file, empty for the logic's own text. How
 /// much is an error, a warning or nothing goes by AGILogicSourceSettings::ErrorLevel.
 ///
+/// Each warning also leaves as AGIGameEvents::LogCompDiagnostic, and so does the error that ends a compile.
+///
 /// The first error in the source ends the compile. It is raised as catalogue number 635 with the source
 /// "LogCompile" and the description "line|module|text", whose text begins with a number of its own, such as
 /// "12||4007: ';' expected at end of statement". Errors of the library pass as they are; any other fault is

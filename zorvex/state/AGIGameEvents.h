@@ -4,12 +4,13 @@
 #include <cstdint>
 #include <string>
 
+#include "zorvex/base/Diagnostic.h"
 #include "zorvex/base/Event.h"
 #include "zorvex/base/Types.h"
 
 namespace zorvex {
 
-/// Three events, delivered inside the raising call on the caller's thread. During CompileGameStatus the only
+/// Four events, delivered inside the raising call on the caller's thread. During CompileGameStatus the only
 /// call that a handler may make into the game is AGIGame::CancelCompile.
 class AGIGameEvents {
   public:
@@ -23,6 +24,10 @@ class AGIGameEvents {
     Event<ELStatus, AGIResType, std::uint8_t, const std::string&> LoadStatus;
     /// A warning of the logic compiler: its text and the logic's number.
     Event<const std::string&, std::uint8_t> LogCompWarning;
+    /// What the logic compiler has to say, with the logic's number: each warning, after LogCompWarning, and
+    /// the error that ends a compile, before it is raised. The refusal of a compile that a handler starts
+    /// while another one runs is not told here.
+    Event<const Diagnostic&, std::uint8_t> LogCompDiagnostic;
 };
 
 }  // namespace zorvex

@@ -6,8 +6,6 @@
 #include "zorvex/compiler/arguments/CheckTable.h"
 #include "zorvex/language/AGICommandFunctions.h"
 #include "zorvex/language/ReservedTables.h"
-#include "zorvex/state/LibraryState.h"
-#include "zorvex/view/AGIViews.h"
 
 namespace zorvex {
 
@@ -15,7 +13,7 @@ namespace {
 
 // --- Reserved variables and flags ---
 void CheckReservedVar(CompileRun& run, std::uint8_t variable, std::uint8_t value) {
-    const auto& table = ReservedNames().Group(rgVariables);
+    const auto& table = run.World.Reserved().Group(rgVariables);
     if (run.Level == leLow || variable >= table.size()) return;
     const std::string& name = table[variable].Name;
     const auto limit = [&](std::uint8_t highest) {
@@ -52,45 +50,28 @@ void CheckReservedFlag(CompileRun& run, std::uint8_t flag) {
         case 5:
         case 6:
         case 11:
-        case 12: run.Warn(5025, {ReservedNames().Group(rgFlags)[flag].Name}); return;
+        case 12: run.Warn(5025, {run.World.Reserved().Group(rgFlags)[flag].Name}); return;
         default: return;
     }
 }
 
 // --- add.to.pic ---
-/// What a look into a view found.
-enum class ViewFault : std::uint8_t { None, NotLoadable, NoLoop, NoCel };
-
-ViewFault LookIntoView(AGIView& view, std::uint8_t loop, std::uint8_t cel) {
-    const bool wasLoaded = view.Loaded();
-    if (!wasLoaded && Attempt([&] { view.Load(); })) return ViewFault::NotLoadable;
-    ViewFault fault = ViewFault::None;
-    Attempt([&] {
-        if (loop >= view.Loops()->Count()) {
-            fault = ViewFault::NoLoop;
-        } else if (cel >= view.Loops()->Item(loop)->Cels()->Count()) {
-            fault = ViewFault::NoCel;
-        }
-    });
-    if (!wasLoaded) view.Unload();
-    return fault;
-}
-
 void CheckAddToPic(CompileRun& run, const ArgBytes& args) {
     const std::string view = std::to_string(args[0]);
     const std::string loop = std::to_string(args[1]);
-    const auto& views = Library().Views;
-    if (views == nullptr || !views->Exists(args[0])) {
+    const bool exists = run.World.HasResource(rtView, args[0]);
+    if (!exists) {
         run.Report(4138, 5064, {view});
-        if (run.Level != leLow || views == nullptr) return;
+        if (run.Level != leLow) return;
     }
-    ViewFault fault = ViewFault::NotLoadable;
-    if (views->Exists(args[0])) fault = LookIntoView(*views->Item(args[0]), args[1], args[2]);
-    switch (fault) {
-        case ViewFault::NotLoadable: run.Warn(5021, {view}); return;
-        case ViewFault::NoLoop: run.Report(4139, 5085, {loop, view}); return;
-        case ViewFault::NoCel: run.Report(4140, 5086, {std::to_string(args[2]), loop, view}); return;
-        default: return;
+    if (!run.World.KnowsViews()) return;
+    const auto counts = exists ? run.World.CelCounts(args[0]) : std::nullopt;
+    if (!counts) {
+        run.Warn(5021, {view});
+    } else if (args[1] >= counts->size()) {
+        run.Report(4139, 5085, {loop, view});
+    } else if (args[2] >= (*counts)[args[1]]) {
+        run.Report(4140, 5086, {std::to_string(args[2]), loop, view});
     }
 }
 
@@ -147,13 +128,13 @@ void RunCheck(CompileRun& run, const ArgCheck& check, const ArgBytes& args, cons
 void ValidateArgs(CompileRun& run, std::uint8_t command, const ArgBytes& args) {
     static const ChecksByCommand index = IndexOf(ActionChecks());
     for (const ArgCheck* check : index[command])
-        RunCheck(run, *check, args, CommandCatalogue().ActionCommandTable[command]);
+        RunCheck(run, *check, args, run.World.Commands().ActionCommandTable[command]);
 }
 
 void ValidateIfArgs(CompileRun& run, std::uint8_t test, const ArgBytes& args) {
     static const ChecksByCommand index = IndexOf(TestChecks());
     for (const ArgCheck* check : index[test])
-        RunCheck(run, *check, args, CommandCatalogue().TestCommandTable[test]);
+        RunCheck(run, *check, args, run.World.Commands().TestCommandTable[test]);
 }
 
 }  // namespace zorvex

@@ -10,8 +10,8 @@
 #include "zorvex/compiler/CompileMessages.h"
 #include "zorvex/compiler/arguments/ArgumentText.h"
 #include "zorvex/compiler/lines/TokenReader.h"
+#include "zorvex/language/LogicFormat.h"
 #include "zorvex/language/ReservedTables.h"
-#include "zorvex/state/LibraryState.h"
 #include "zorvex/vocab/AGIInventoryObjects.h"
 #include "zorvex/vocab/AGIWordList.h"
 
@@ -30,13 +30,13 @@ std::string_view Inside(std::string_view quoted) {
 
 }  // namespace
 
-std::int32_t NumberOfItems() {
-    return static_cast<std::int32_t>(Val(ReservedNames().Group(rgGameInfo)[giNumberOfItems].Value));
+std::int32_t ArgumentReader::NumberOfItems() const {
+    return static_cast<std::int32_t>(Val(run_.World.Reserved().Group(rgGameInfo)[giNumberOfItems].Value));
 }
 
-std::int32_t ArgumentReader::HighestStringOfVersion() {
+std::int32_t ArgumentReader::HighestStringOfVersion() const {
     const bool few = std::find(versionsWith12Strings.begin(), versionsWith12Strings.end(),
-                               Library().InterpreterVersion) != versionsWith12Strings.end();
+                               run_.World.InterpreterVersion()) != versionsWith12Strings.end();
     return few ? 11 : 23;
 }
 
@@ -58,7 +58,7 @@ std::int32_t ArgumentReader::ReadArgument(ArgTypeEnum type, std::int32_t argPos,
         throw failure;
     }
     switch (type) {
-        case atNum: return NumberArgument(arg, varOrNum);
+        case atNum: RequireItemCount(token, arg.text); return NumberArgument(arg, varOrNum);
         case atMsg: return MessageArgument(arg);
         case atSObj: return ObjectArgument(arg);
         case atIObj: return ItemArgument(arg);
@@ -96,7 +96,7 @@ std::int32_t ArgumentReader::NumberArgument(const Argument& arg, bool& varOrNum)
 
 std::int32_t ArgumentReader::ObjectArgument(const Argument& arg) {
     const std::int32_t value = RequireByte(arg);
-    const std::int32_t highest = Library().InventoryObjects->MaxScreenObjects();
+    const std::int32_t highest = ItemsFor(arg.text).MaxScreenObjects();
     if (value > highest) run_.Report(4119, 5006, {std::to_string(highest)});
     return value;
 }
@@ -126,6 +126,25 @@ std::int32_t ArgumentReader::ControllerArgument(const Argument& arg) {
     return value;
 }
 
+// --- The lists of the game ---
+const AGIInventoryObjects& ArgumentReader::ItemsFor(std::string_view argument) {
+    if (itemList_ == nullptr) itemList_ = run_.World.Items();
+    if (itemList_ == nullptr) run_.Fail(4163, {argument});
+    return *itemList_;
+}
+
+const AGIWordList& ArgumentReader::WordsFor(const Argument& arg) {
+    if (wordList_ == nullptr) wordList_ = run_.World.Words();
+    if (wordList_ == nullptr) run_.Fail(4162, {arg.position});
+    return *wordList_;
+}
+
+void ArgumentReader::RequireItemCount(std::string_view token, std::string_view value) {
+    if (NumberOfItems() >= 0) return;
+    const TDefine& count = run_.World.Reserved().Group(rgGameInfo)[giNumberOfItems];
+    if (value == count.Value && EqualNoCase(token, count.Name)) run_.Fail(4163, {token});
+}
+
 // --- Messages ---
 std::int32_t ArgumentReader::MessageArgument(const Argument& arg) {
     if (arg.text.starts_with('"')) {
@@ -149,28 +168,26 @@ std::int32_t ArgumentReader::ItemNamed(const Argument& arg) {
     std::string name = ReplaceAll(QuotedText(arg.text), "\\\"", "\"");
     if (!items_) {
         items_.emplace();
-        const std::int32_t last = NumberOfItems();
-        for (std::int32_t i = 0; i <= last; ++i)
-            items_->emplace(Library().InventoryObjects->Item(i)->ItemName(), i);
+        std::int32_t number = 0;
+        for (const auto& item : ItemsFor(arg.text))
+            items_->emplace(item->ItemName(), number++);
     }
     const std::int32_t* found = Find(*items_, name);
     if (found != nullptr) return *found;
-    if (run_.QuoteErrLine == -1) run_.Fail(4075, {arg.position});
-    run_.LineIndex = run_.QuoteErrLine;
-    run_.Fail(4051);
+    run_.FailOrBlameQuote(4075, {arg.position});
 }
 
 std::int32_t ArgumentReader::ItemArgument(const Argument& arg) {
     std::int32_t value = 0;
     if (arg.text.starts_with('"')) {
         value = ItemNamed(arg);
-        if (!Library().InventoryObjects->Item(value)->Unique()) run_.Report(4036, 5003, {arg.position});
+        if (!ItemsFor(arg.text).Item(value)->Unique()) run_.Report(4036, 5003, {arg.position});
     } else {
         value = RequireByte(arg);
     }
     if (value > NumberOfItems()) {
         run_.Report(4112, 5005, {arg.position});
-    } else if (Library().InventoryObjects->Item(value)->ItemName() == "?") {
+    } else if (ItemsFor(arg.text).Item(value)->ItemName() == "?") {
         run_.Report(4111, 5004, {arg.position});
     }
     return value;
@@ -178,19 +195,18 @@ std::int32_t ArgumentReader::ItemArgument(const Argument& arg) {
 
 // --- Vocabulary ---
 /// The group that a number stands for, and whether there is such a group; nothing for a number that is none.
-std::optional<std::int32_t> ArgumentReader::GroupOfNumber(double number, bool& exists) const {
-    if (number != std::floor(number)) return std::nullopt;
-    constexpr double widest = 2147483647;
-    if (std::abs(number) > widest) RaiseRuntime(reOverflow, "LogCompile");
+std::optional<std::int32_t> ArgumentReader::GroupOfNumber(const Argument& arg, double number, bool& exists) {
+    if (number != std::floor(number) || number < -1) return std::nullopt;
+    if (number > MaxLogicWord) run_.Fail(4164, {arg.text});
     const auto group = static_cast<std::int32_t>(number);
-    exists = Library().VocabularyWords->GroupExists(group);
-    if (!exists && group == -1) return std::nullopt;
+    exists = WordsFor(arg).GroupExists(group);
+    if (!exists && group < 0) return std::nullopt;
     return group;
 }
 
 std::optional<std::int32_t> ArgumentReader::GroupOfWord(const Argument& arg) {
-    const auto& words = Library().VocabularyWords;
-    if (words->WordExists(arg.text)) return words->Item(arg.text).Group;
+    const AGIWordList& words = WordsFor(arg);
+    if (words.WordExists(arg.text)) return words.Item(arg.text).Group;
     if (!EqualNoCase(arg.text, "a") && !EqualNoCase(arg.text, "i")) return std::nullopt;
     run_.Report(5108, 5108, {arg.text});
     return 0;
@@ -201,12 +217,13 @@ std::int32_t ArgumentReader::VocabularyArgument(const Argument& arg) {
     bool exists = true;
     std::optional<std::int32_t> group;
     if (const auto number = NumericValue(word.text)) {
-        group = GroupOfNumber(*number, exists);
+        group = GroupOfNumber(word, *number, exists);
     } else {
         word.text = QuotedText(word.text);
         group = GroupOfWord(word);
     }
     if (!group) run_.Fail(4114, {word.text});
+    if (*group > MaxLogicWord) run_.Fail(4164, {word.text});
     if (!exists) run_.Report(4114, 5019, {word.text});
     if (*group == 0) run_.Report(4035, 5083, {word.text});
     return *group;

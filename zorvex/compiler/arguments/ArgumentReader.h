@@ -29,6 +29,10 @@ class ArgumentReader {
     /// The highest string number that the interpreter has room for: 11 or 23.
     std::int32_t HighestString() const { return highestString_; }
 
+    /// Fails when a number is the count of the items of a missing inventory: `token` stands in the source,
+    /// and `value` is what it stands for.
+    void RequireItemCount(std::string_view token, std::string_view value);
+
   private:
     /// The argument in hand.
     struct Argument {
@@ -48,18 +52,23 @@ class ArgumentReader {
     std::int32_t RequireByte(const Argument& arg);
     std::string_view QuotedText(std::string_view token);
     std::int32_t ItemNamed(const Argument& arg);
+    /// The value of the reserved define for the number of inventory items: their count less 1, -1 without a
+    /// list.
+    std::int32_t NumberOfItems() const;
+    /// The lists of the game; a missing one ends the compile with an error that names the argument.
+    const AGIInventoryObjects& ItemsFor(std::string_view argument);
+    const AGIWordList& WordsFor(const Argument& arg);
     std::optional<std::int32_t> GroupOfWord(const Argument& arg);
-    std::optional<std::int32_t> GroupOfNumber(double number, bool& exists) const;
+    std::optional<std::int32_t> GroupOfNumber(const Argument& arg, double number, bool& exists);
 
     CompileRun& run_;
     std::int32_t highestString_ = HighestStringOfVersion();
     std::string joined_;
+    std::shared_ptr<const AGIInventoryObjects> itemList_;  // when first needed
+    std::shared_ptr<const AGIWordList> wordList_;
     std::optional<NameMap<std::int32_t>> items_;  // the first item of each name, made when first needed
 
-    static std::int32_t HighestStringOfVersion();
+    std::int32_t HighestStringOfVersion() const;
 };
-
-/// The value of the reserved define for the number of inventory items: their count less 1, -1 without a list.
-std::int32_t NumberOfItems();
 
 }  // namespace zorvex

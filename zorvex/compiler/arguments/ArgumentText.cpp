@@ -4,12 +4,11 @@
 #include <limits>
 
 #include "zorvex/base/Text.h"
+#include "zorvex/language/ArgumentMarkers.h"
 
 namespace zorvex {
 
 namespace {
-
-constexpr std::array<char, 11> markerLetters{0, 'v', 'f', 'm', 'o', 'i', 's', 'w', 'c', 0, 0};
 
 constexpr std::array<std::string_view, 11> typeLabels{
     "number", "variable", "flag",       "message",        "screen object",  "inventory item",
@@ -48,27 +47,8 @@ std::int32_t VariableValue(std::string_view token) {
         return -1;
     }
     auto value = static_cast<std::int32_t>(rounded);
-    if (LowerCase(token.front()) == 'w') --value;
+    if (MarkerType(token) == atWord) --value;
     return value < 0 || value > 255 ? -1 : value;
-}
-
-char MarkerLetter(ArgTypeEnum type) {
-    return markerLetters[type];
-}
-
-bool IsMarker(std::string_view text) {
-    if (text.size() < 2) return false;
-    const char letter = LowerCase(text.front());
-    return std::string_view("cfimosvw").find(letter) != std::string_view::npos &&
-           NumericValue(text.substr(1)).has_value();
-}
-
-ArgTypeEnum MarkerType(std::string_view marker) {
-    const char letter = LowerCase(marker.front());
-    for (std::uint8_t type = atVar; type <= atCtrl; ++type) {
-        if (markerLetters[type] == letter) return static_cast<ArgTypeEnum>(type);
-    }
-    return atDefStr;
 }
 
 bool IsMarkerOf(std::string_view text, ArgTypeEnum type) {

@@ -16,15 +16,6 @@ std::optional<double> NumericValue(std::string_view text);
 /// to even. `w1` is 0, as words count from 1 in source.
 std::int32_t VariableValue(std::string_view token);
 
-/// The letter of a marker of that type, lower case; 0 for a type without one.
-char MarkerLetter(ArgTypeEnum type);
-
-/// True for one of the eight marker letters, in either case, with a number behind it.
-bool IsMarker(std::string_view text);
-
-/// The type that a marker stands for; meaningless for any other text.
-ArgTypeEnum MarkerType(std::string_view marker);
-
 /// True for a marker of just that type whose number a source may use.
 bool IsMarkerOf(std::string_view text, ArgTypeEnum type);
 

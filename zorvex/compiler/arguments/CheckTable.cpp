@@ -1,7 +1,5 @@
 #include "zorvex/compiler/arguments/CheckTable.h"
 
-#include "zorvex/storage/ResourceCollection.h"
-
 namespace zorvex {
 
 namespace {
@@ -19,22 +17,21 @@ constexpr int lastReservedVar = 26;
 constexpr int lastReservedFlag = 15;
 constexpr int pictureRows = 20;
 
-bool Missing(AGIResType type, std::uint8_t number) {
-    const ResourceCollectionBase* collection = CollectionOf(type);
-    return collection == nullptr || !collection->Exists(number);
+bool Missing(Args c, AGIResType type, std::size_t index) {
+    return !c.run.World.HasResource(type, c.a[index]);
 }
 
 template <std::size_t Index>
 bool NoLogic(Args c) {
-    return Missing(rtLogic, c.a[Index]);
+    return Missing(c, rtLogic, Index);
 }
 template <std::size_t Index>
 bool NoView(Args c) {
-    return Missing(rtView, c.a[Index]);
+    return Missing(c, rtView, Index);
 }
 template <std::size_t Index>
 bool NoSound(Args c) {
-    return Missing(rtSound, c.a[Index]);
+    return Missing(c, rtSound, Index);
 }
 template <std::size_t Index>
 bool IsReservedVar(Args c) {

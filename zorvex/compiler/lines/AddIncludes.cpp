@@ -1,11 +1,7 @@
 #include "zorvex/base/CodePage.h"
-#include "zorvex/base/PathText.h"
 #include "zorvex/base/Text.h"
 #include "zorvex/compiler/lines/SourcePreparation.h"
 #include "zorvex/compiler/lines/SourceText.h"
-#include "zorvex/platform/FileQueries.h"
-#include "zorvex/platform/FileSystem.h"
-#include "zorvex/state/LibraryState.h"
 
 namespace zorvex {
 
@@ -27,14 +23,13 @@ std::string IncludeName(CompileRun& run, std::string_view line) {
         run.Warn(5028, {name});
     }
     if (name.front() == '"') name = name.substr(1, name.size() > 1 ? name.size() - 2 : 0);
-    name = InnerPath(ConvertToCodePage(name));
-    return JustPath(name, true).empty() ? Library().ResDir + name : name;
+    return run.World.IncludeFile(ConvertToCodePage(name));
 }
 
 const std::string& ReadInclude(CompileRun& run, const std::string& name) {
-    if (!FileExists(name)) throw CompileFailure{4050, CatalogueText(4050, {name}), {}};
+    if (!run.World.HasInclude(name)) throw CompileFailure{4050, CatalogueText(4050, {name}), {}};
     ByteArray bytes;
-    if (Attempt([&] { bytes = Files().Read(name); })) {
+    if (Attempt([&] { bytes = run.World.ReadInclude(name); })) {
         throw CompileFailure{4055, CatalogueText(4055, {name}), {}};
     }
     return run.Texts.emplace_back(bytes.begin(), bytes.end());
@@ -47,11 +42,13 @@ void AddIncludeFile(CompileRun& run, std::string_view line) {
     run.IncludeFiles.push_back(name);
     std::int32_t number = 0;
     ForEachLine(text, [&](std::string_view included) {
+        std::string_view kept = included;
         if (StartsWithNoCase(Trim(included), includeStart)) {
             run.ErrLine = number;
-            run.Fail(4061);
+            Recovering(run, [&] { run.Fail(4061); });
+            kept = {};
         }
-        run.SourceLines.push_back({included, included.data(), file, number++});
+        run.SourceLines.push_back({kept, included.data(), file, number++});
     });
 }
 
@@ -65,11 +62,12 @@ void AddIncludes(CompileRun& run, std::string sourceText) {
         ForEachLine(text, [&](std::string_view line) {
             run.ErrLine = number;
             std::string_view kept = line;
-            if (StartsWithNoCase(line, includeMark)) {
-                AddIncludeFile(run, line);
+            if (StartsWithNoCase(line, includeStart)) {
+                Recovering(run, [&] {
+                    if (!StartsWithNoCase(line, includeMark)) run.Fail(4069);
+                    AddIncludeFile(run, line);
+                });
                 kept = {};
-            } else if (StartsWithNoCase(line, includeStart)) {
-                run.Fail(4069);
             }
             run.SourceLines.push_back({kept, line.data(), -1, number++});
         });

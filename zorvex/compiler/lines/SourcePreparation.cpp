@@ -40,7 +40,8 @@ std::string_view LabelOf(std::string_view line) {
 
 void ReadLabel(CompileRun& run, std::string_view label) {
     if (run.Labels.size() >= maxLabels) run.Fail(4109, {std::to_string(maxLabels)});
-    const auto fault = static_cast<std::size_t>(ValidateDefName(label, run.Names.Globals()));
+    const auto fault =
+        static_cast<std::size_t>(ValidateDefName(label, run.Names.Globals(), run.World.UsedReserved()));
     if (labelErrors[fault] != 0) run.Fail(labelErrors[fault], {label});
     if (label.find('.') != std::string_view::npos) run.Fail(4068);
     if (run.LabelNum(label) >= 0) run.Fail(4027, {label});
@@ -50,7 +51,7 @@ void ReadLabel(CompileRun& run, std::string_view label) {
 // --- Defines ---
 /// The text of the error that a define's name deserves; "" for a good one.
 std::string NameComplaint(CompileRun& run, const std::string& name) {
-    DefineFault fault = ValidateDefName(name, run.Names.Globals());
+    DefineFault fault = ValidateDefName(name, run.Names.Globals(), run.World.UsedReserved());
     const bool overrides = fault == DefineFault::GlobalName || IsReservedNameFault(fault);
     if (overrides && run.Level != leHigh) {
         run.Report(0, fault == DefineFault::GlobalName ? 5034 : 5035, {name});
@@ -79,7 +80,7 @@ ValueComplaint ComplaintOf(ValueFault fault) {
 
 /// The same for a define's value, which may get quotes.
 std::string CheckValue(CompileRun& run, TDefine& define) {
-    const ValueFault fault = ValidateDefValue(define, run.Names.Globals());
+    const ValueFault fault = ValidateDefValue(define, run.Names.Globals(), run.World.UsedReserved());
     const ValueComplaint complaint = ComplaintOf(fault);
     if (complaint.error == 0) return {};
     if (complaint.warning == 0 || run.Level == leHigh)
@@ -103,6 +104,12 @@ void CompareWithEarlier(CompileRun& run, const TDefine& define) {
     if (sameName >= 0) run.Fail(4012, {locals[static_cast<std::size_t>(sameName)].Name});
 }
 
+/// A define that failed is known all the same, so that a compile that goes on does not complain of each of
+/// its uses.
+void KeepName(CompileRun& run, TDefine define) {
+    if (!define.Name.empty() && run.Names.LocalNamed(define.Name) < 0) run.Names.AddLocal(std::move(define));
+}
+
 void ReadDefine(CompileRun& run, std::string_view line) {
     const std::string_view rest = Trim(line.substr(defineMark.size()));
     const std::size_t blank = rest.find(' ');
@@ -113,11 +120,13 @@ void ReadDefine(CompileRun& run, std::string_view line) {
     std::string complaint = NameComplaint(run, define.Name);
     const std::string valueComplaint = CheckValue(run, define);
     if (!valueComplaint.empty()) complaint += (complaint.empty() ? "" : "; and ") + valueComplaint;
-    if (!complaint.empty()) throw CompileFailure{0, complaint, {}};
+    if (!complaint.empty()) {
+        KeepName(run, std::move(define));
+        throw CompileFailure{static_cast<std::int32_t>(Val(complaint)), complaint, {}};
+    }
     CompareWithEarlier(run, define);
     if (run.LabelNum(define.Name) >= 0) run.Fail(4020, {define.Name});
     run.Names.AddLocal(std::move(define));
-    run.UpdateCurrentLine({});
 }
 
 // --- Messages ---
@@ -154,14 +163,20 @@ std::string MessageText(CompileRun& run) {
 }
 
 void ReadMessage(CompileRun& run) {
-    const std::int32_t startLine = run.LineIndex;
     const std::int32_t number = MessageNumber(run);
+    run.Messages.MsgUsed[static_cast<std::size_t>(number)] = true;  // also when its text is at fault
     const std::string quoted = MessageText(run);
     if (run.CharPos != run.CurrentLine.size()) run.Fail(4099);
     const std::string_view text = std::string_view(quoted).substr(1, quoted.size() - 2);
     CheckMessageText(run, text, number);
     StoreMessage(run, number, text);
-    for (std::int32_t line = startLine; line <= run.LineIndex; ++line)
+}
+
+/// Empties the lines of a message, up to the present one.
+void BlankLines(CompileRun& run, std::int32_t first) {
+    const auto last =
+        run.LineIndex < 0 ? static_cast<std::int32_t>(run.SourceLines.size()) - 1 : run.LineIndex;
+    for (std::int32_t line = first; line <= last; ++line)
         run.SourceLines[static_cast<std::size_t>(line)].text = {};
 }
 
@@ -172,7 +187,9 @@ void ReadLabels(CompileRun& run) {
         for (run.ResetCompiler(); run.LineIndex != -1; run.NextLine()) {
             if (run.CurrentLine.find(':') == std::string_view::npos) continue;
             const std::string_view label = LabelOf(run.CurrentLine);
-            if (!label.empty()) ReadLabel(run, label);
+            if (label.empty() || Recovering(run, [&] { ReadLabel(run, label); })) continue;
+            if (run.LabelNum(label) < 0) run.AddLabel(label);
+            run.UpdateCurrentLine({});
         }
     });
 }
@@ -180,7 +197,9 @@ void ReadLabels(CompileRun& run) {
 void ReadDefines(CompileRun& run) {
     Reporting(run, "ReadDefines", [&] {
         for (run.ResetCompiler(); run.LineIndex != -1; run.NextLine()) {
-            if (StartsWithNoCase(run.CurrentLine, defineMark)) ReadDefine(run, run.CurrentLine);
+            if (!StartsWithNoCase(run.CurrentLine, defineMark)) continue;
+            Recovering(run, [&] { ReadDefine(run, run.CurrentLine); });
+            run.UpdateCurrentLine({});
         }
     });
 }
@@ -188,7 +207,10 @@ void ReadDefines(CompileRun& run) {
 void ReadMsgs(CompileRun& run) {
     Reporting(run, "ReadMsgs", [&] {
         for (run.ResetCompiler(); run.LineIndex != -1; run.NextLine()) {
-            if (EqualNoCase(NextCommand(run, true), messageMark)) ReadMessage(run);
+            if (!EqualNoCase(NextCommand(run, true), messageMark)) continue;
+            const std::int32_t first = run.LineIndex;
+            Recovering(run, [&] { ReadMessage(run); });
+            BlankLines(run, first);
         }
     });
 }

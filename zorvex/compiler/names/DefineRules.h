@@ -9,6 +9,7 @@
 namespace zorvex {
 
 class GlobalDefineTable;
+class ReservedTables;
 
 /// What speaks against a name. The numbers are fixed: tables of texts are indexed with them.
 enum class DefineFault : std::uint8_t {
@@ -43,11 +44,15 @@ constexpr bool IsReservedNameFault(DefineFault fault) {
     return fault >= DefineFault::ReservedVariable && fault <= DefineFault::ReservedMessage;
 }
 
+// The reserved names count unless their pointer is null.
+
 /// The first thing that speaks against a name. That it is the name of a global define gives way to a bad
 /// character only.
-DefineFault ValidateDefName(std::string_view name, const GlobalDefineTable& globals);
+DefineFault ValidateDefName(std::string_view name, const GlobalDefineTable& globals,
+                            const ReservedTables* reserved);
 
 /// What speaks against a define's value; sets its type.
-ValueFault ValidateDefValue(TDefine& define, const GlobalDefineTable& globals);
+ValueFault ValidateDefValue(TDefine& define, const GlobalDefineTable& globals,
+                            const ReservedTables* reserved);
 
 }  // namespace zorvex

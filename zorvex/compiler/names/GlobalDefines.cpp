@@ -7,6 +7,7 @@
 #include "zorvex/base/Text.h"
 #include "zorvex/compiler/lines/SourceText.h"
 #include "zorvex/compiler/names/DefineRules.h"
+#include "zorvex/language/ReservedTables.h"
 #include "zorvex/platform/FileQueries.h"
 #include "zorvex/platform/FileSystem.h"
 #include "zorvex/state/LibraryState.h"
@@ -42,20 +43,13 @@ bool SplitDefine(std::string_view line, std::string_view& name, std::string_view
 }
 
 void AddLine(GlobalDefineTable& table, std::string_view line) {
-    TDefine define;
     std::string_view name;
     std::string_view value;
     if (!SplitDefine(StripComment(line), name, value)) return;
+    TDefine define;
     define.Name = name;
     define.Value = value;
-    const DefineFault nameFault = ValidateDefName(define.Name, table);
-    if (nameFault != DefineFault::None && !IsReservedNameFault(nameFault)) return;
-    const ValueFault valueFault = ValidateDefValue(define, table);
-    if (valueFault != ValueFault::None && valueFault != ValueFault::ReservedValue &&
-        valueFault != ValueFault::GlobalValue) {
-        return;
-    }
-    table.Add(std::move(define));
+    AddUsableDefine(table, std::move(define), Library().UseReservedNames ? &ReservedNames() : nullptr);
 }
 
 }  // namespace
@@ -70,6 +64,17 @@ void GlobalDefineTable::Add(TDefine define) {
     byName_.emplace(define.Name, list_.size());
     byValue_.emplace(define.Value, list_.size());
     list_.push_back(std::move(define));
+}
+
+void AddUsableDefine(GlobalDefineTable& table, TDefine define, const ReservedTables* reserved) {
+    const DefineFault nameFault = ValidateDefName(define.Name, table, reserved);
+    if (nameFault != DefineFault::None && !IsReservedNameFault(nameFault)) return;
+    const ValueFault valueFault = ValidateDefValue(define, table, reserved);
+    if (valueFault != ValueFault::None && valueFault != ValueFault::ReservedValue &&
+        valueFault != ValueFault::GlobalValue) {
+        return;
+    }
+    table.Add(std::move(define));
 }
 
 void LoadGlobalDefines() {

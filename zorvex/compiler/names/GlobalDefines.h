@@ -10,6 +10,8 @@
 
 namespace zorvex {
 
+class ReservedTables;
+
 /// The defines of globals.txt in the order of the file, found by name and by value. It never changes: a
 /// changed file makes a new table, so that a compile keeps the one it began with.
 class GlobalDefineTable {
@@ -27,6 +29,10 @@ class GlobalDefineTable {
     NameMap<std::size_t> byName_;
     NameMap<std::size_t> byValue_;
 };
+
+/// Adds a define that source could use and whose name is not taken; any other is left out. Sets its type.
+/// Reserved names count unless the pointer is null.
+void AddUsableDefine(GlobalDefineTable& table, TDefine define, const ReservedTables* reserved);
 
 /// Reads globals.txt again. A line is "name TAB value" or "#define name value", with comments as in source;
 /// every other line, and a define that source could not use, is skipped without a word. A name defined twice

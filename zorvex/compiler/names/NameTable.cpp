@@ -3,8 +3,8 @@
 #include "zorvex/compiler/arguments/ArgumentText.h"
 #include "zorvex/compiler/names/GlobalDefines.h"
 #include "zorvex/compiler/names/ResourceIDs.h"
+#include "zorvex/language/ArgumentMarkers.h"
 #include "zorvex/language/ReservedTables.h"
-#include "zorvex/state/LibraryState.h"
 
 namespace zorvex {
 
@@ -44,25 +44,27 @@ bool IsDirect(std::string_view arg, ArgTypeEnum type, bool& varOrNum) {
 
 }  // namespace
 
-NameTable::NameTable() : globals_(Library().GlobalDefines), ids_(Library().ResourceIDs) {
+NameTable::NameTable(std::shared_ptr<const GlobalDefineTable> globals,
+                     std::shared_ptr<const ResourceIDTable> ids, const ReservedTables* reserved)
+    : globals_(std::move(globals)), ids_(std::move(ids)) {
     if (globals_ == nullptr) globals_ = std::make_shared<const GlobalDefineTable>();
     if (ids_ == nullptr) ids_ = std::make_shared<const ResourceIDTable>();
-    if (Library().UseReservedNames) AddReserved();
+    if (reserved != nullptr) AddReserved(*reserved);
 }
 
-void NameTable::AddReserved() {
+void NameTable::AddReserved(const ReservedTables& tables) {
     const auto add = [this](ArgTypeEnum type, const TDefine& entry) {
         reserved_[type].emplace(entry.Name, entry.Value);
     };
     for (const ReservedGroup group : {rgEdgeCodes, rgDirections, rgVideoModes, rgComputerTypes, rgColors}) {
-        for (const TDefine& entry : ReservedNames().Group(group))
+        for (const TDefine& entry : tables.Group(group))
             add(atNum, entry);
     }
-    for (const TDefine& entry : ReservedNames().Group(rgVariables))
+    for (const TDefine& entry : tables.Group(rgVariables))
         add(atVar, entry);
-    for (const TDefine& entry : ReservedNames().Group(rgFlags))
+    for (const TDefine& entry : tables.Group(rgFlags))
         add(atFlag, entry);
-    const auto& info = ReservedNames().Group(rgGameInfo);
+    const auto& info = tables.Group(rgGameInfo);
     add(atNum, info[giNumberOfItems]);
     for (const ReservedGameInfo entry : {giGameVersionMsg, giGameAboutMsg, giGameID})
         add(atMsg, info[entry]);
@@ -106,7 +108,8 @@ bool NameTable::ConvertLocal(const TDefine& define, std::string_view& arg, ArgTy
     const std::string_view value = define.Value;
     if (!IsDirect(value, type, varOrNum)) return false;
     // A screen object must be written with a lower-case letter here, and a word must have a valid number.
-    if ((type == atSObj && value.front() != 'o') || (type == atWord && VariableValue(value) == -1))
+    if ((type == atSObj && value.front() != MarkerLetter(atSObj)) ||
+        (type == atWord && VariableValue(value) == -1))
         return false;
     arg = value;
     return true;

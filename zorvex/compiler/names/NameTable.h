@@ -15,13 +15,16 @@
 namespace zorvex {
 
 class GlobalDefineTable;
+class ReservedTables;
 class ResourceIDTable;
 
-/// Everything that a name in one source can stand for. It is a picture of the library's tables at the moment
-/// of its making; only local defines are added later. All look-ups are by hash and ignore case. Game text.
+/// Everything that a name in one source can stand for. It is a picture of the tables at the moment of its
+/// making; only local defines are added later. All look-ups are by hash and ignore case. Game text.
 class NameTable {
   public:
-    NameTable();
+    /// Reserved names count unless the pointer is null. A missing table is an empty one.
+    NameTable(std::shared_ptr<const GlobalDefineTable> globals, std::shared_ptr<const ResourceIDTable> ids,
+              const ReservedTables* reserved);
 
     /// True when `arg` can serve as an argument of that type; it then holds a number, a marker or a quoted
     /// string, which lives as long as this table or what `arg` was a view of. `varOrNum` in: a variable will
@@ -43,7 +46,7 @@ class NameTable {
   private:
     using Values = NameMap<std::string>;
 
-    void AddReserved();
+    void AddReserved(const ReservedTables& tables);
     bool ConvertLocal(const TDefine& define, std::string_view& arg, ArgTypeEnum type, bool& varOrNum) const;
     bool ConvertGlobal(std::string_view& arg, ArgTypeEnum type, bool& varOrNum) const;
     bool ConvertReserved(std::string_view& arg, ArgTypeEnum type, bool& varOrNum) const;
