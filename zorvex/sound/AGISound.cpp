@@ -50,7 +50,7 @@ SoundFormat FormatByName(std::string_view path) {
 
 }  // namespace
 
-AGISound::AGISound() : GameResource(rtSound, SourceText) {
+AGISound::AGISound() : GameResource(rtSound, SoundErrorSource) {
     Resource().NewResource();
     Resource().SetAllData(EmptySoundBytes());
     NewTracks(DefaultInstrument);

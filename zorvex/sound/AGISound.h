@@ -39,11 +39,9 @@ enum SoundFormat : std::uint8_t {
 ///
 /// A new sound belongs to no game, is loaded and has no notes. All members that need the bytes raise 563 on a
 /// sound that is not loaded, before anything else. A fault of an inner step passes with its own number,
-/// source and text.
+/// source and text; other errors carry the source "ZORVEX.agiSound".
 class AGISound : public GameResource, public std::enable_shared_from_this<AGISound> {
   public:
-    static constexpr std::string_view SourceText = "ZORVEX.agiSound";
-
     AGISound();
     /// Stops the sound if it is playing.
     ~AGISound() override;

@@ -7,6 +7,7 @@
 #include "zorvex/base/Types.h"
 #include "zorvex/platform/Bitmaps.h"
 #include "zorvex/view/CelPixels.h"
+#include "zorvex/view/ViewLimits.h"
 #include "zorvex/view/ViewLink.h"
 
 namespace zorvex {
@@ -21,8 +22,8 @@ namespace zorvex {
 class AGICel {
   public:
     static constexpr std::string_view ErrorSource = "ZORVEX.AGICel";
-    static constexpr std::int32_t MaxWidth = 160;
-    static constexpr std::int32_t MaxHeight = 168;
+    static constexpr std::int32_t MaxWidth = MaxCelWidth;
+    static constexpr std::int32_t MaxHeight = MaxCelHeight;
 
     AGICel() = default;
     explicit AGICel(ViewLinkPointer link) : link_(std::move(link)) {}

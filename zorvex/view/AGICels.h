@@ -14,7 +14,7 @@ namespace zorvex {
 class AGICels {
   public:
     static constexpr std::string_view ErrorSource = "ZORVEX.agiCels";
-    static constexpr std::int32_t MaxCels = 255;
+    static constexpr std::int32_t MaxCels = MaxLoopCels;
 
     explicit AGICels(ViewLinkPointer link = {}) : link_(std::move(link)) {}
     AGICels(const AGICels&) = delete;

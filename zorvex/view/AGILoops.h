@@ -13,10 +13,10 @@ namespace zorvex {
 /// host can make one by itself; then no view hears of its changes. Errors carry the source "Zorvex.agiView".
 class AGILoops {
   public:
-    static constexpr std::string_view ErrorSource = "Zorvex.agiView";
-    static constexpr std::int32_t MaxLoops = 255;
+    static constexpr std::string_view ErrorSource = ViewErrorSource;
+    static constexpr std::int32_t MaxLoops = MaxViewLoops;
     /// The number of loops that can be mirrored.
-    static constexpr std::int32_t MirrorLimit = 8;
+    static constexpr std::int32_t MirrorLimit = MirrorableLoops;
 
     explicit AGILoops(ViewLinkPointer link = {}) : link_(std::move(link)) {}
     ~AGILoops();

@@ -31,7 +31,7 @@ inline const AGIWord& ShownWord(const AGIWord* word) {
 /// and the moving of pointers.
 class AGIWordList : public GameList {
   public:
-    static constexpr std::string_view ErrorSource = "ZORVEX.AGIWordList";
+    static constexpr std::string_view ErrorSource = VocabularyErrorSource;
 
     AGIWordList();
 
