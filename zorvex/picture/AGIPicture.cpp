@@ -6,7 +6,6 @@
 #include "zorvex/base/Checked.h"
 #include "zorvex/base/Faults.h"
 #include "zorvex/base/Internal.h"
-#include "zorvex/base/PathText.h"
 #include "zorvex/base/Text.h"
 #include "zorvex/picture/PictureFunctions.h"
 #include "zorvex/platform/FileSystem.h"
@@ -21,7 +20,6 @@ constexpr std::string_view errorSource = "ZORVEX.agiPicture";
 constexpr std::uint8_t defaultPriBase = 48;
 constexpr std::uint8_t maxPriBase = 158;
 constexpr double firstVersionWithPriBase = 2.936;
-constexpr std::size_t maxIDLength = 64;
 constexpr std::uint32_t white = 0xFFFFFF;
 
 constexpr BitmapHeader screenHeader{.Width = PictureWidth,
@@ -302,10 +300,6 @@ void AGIPicture::Save(std::string_view saveFile) {
     RequireLoaded();
     DataDirty(!Resource().Save(saveFile));
     if (InGame()) WriteSize();
-}
-
-void AGIPicture::TakeFileName(std::string_view path) {
-    SetIDField(CutCharacters(JustFileName(path), maxIDLength));
 }
 
 void AGIPicture::Export(std::string_view exportFile, bool resetDirty) {

@@ -126,7 +126,6 @@ class AGIPicture final : public GameResource {
     std::uint8_t PixelAt(const ByteArray& screen, std::int32_t x, std::int32_t y) const;
     void ReadBackground();
     void WriteSettings();
-    void TakeFileName(std::string_view path);
     template <class Field, class Value>
     void SetField(Field& field, const Value& value);
 

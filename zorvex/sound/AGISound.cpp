@@ -4,7 +4,6 @@
 #include "zorvex/base/Faults.h"
 #include "zorvex/base/HostText.h"
 #include "zorvex/base/Internal.h"
-#include "zorvex/base/PathText.h"
 #include "zorvex/base/Text.h"
 #include "zorvex/platform/FileSystem.h"
 #include "zorvex/platform/WholeFile.h"
@@ -22,7 +21,6 @@ constexpr std::int32_t maxKey = 7;
 constexpr std::int32_t defaultTPQN = 16;
 constexpr std::int32_t minTPQN = 4;
 constexpr std::int32_t maxTPQN = 64;
-constexpr std::size_t maxIDLength = 64;
 constexpr std::string_view instrumentKey = "Inst";
 constexpr std::string_view muteKey = "Mute";
 constexpr std::string_view visibleKey = "Visible";
@@ -352,7 +350,7 @@ void AGISound::Export(std::string_view exportFile, SoundFormat fileFormat, bool 
     const std::string path = InnerPath(exportFile);
     const bool isGiven = fileFormat == sfAGI || fileFormat == sfMIDI || fileFormat == sfScript;
     Guarded([&] { ExportAs(isGiven ? fileFormat : FormatByName(path), path, resetDirty); }, [] {});
-    if (!InGame()) SetIDField(CutCharacters(JustFileName(path), maxIDLength));
+    if (!InGame()) TakeFileName(path);
 }
 
 void AGISound::ExportAs(SoundFormat format, const std::string& path, bool resetDirty) {
@@ -405,7 +403,7 @@ void AGISound::Import(std::string_view importFile) {
     }
     tpqn_ = defaultTPQN;
     key_ = 0;
-    SetIDField(CutCharacters(JustFileName(path), maxIDLength));
+    TakeFileName(path);
     const bool done = KindOfSound(file) == skPCjr ? ImportRaw(path) : ImportScript(file);
     if (!done) return;
     DataDirty(false);

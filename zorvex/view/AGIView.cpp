@@ -2,18 +2,10 @@
 
 #include "zorvex/base/Faults.h"
 #include "zorvex/base/Internal.h"
-#include "zorvex/base/PathText.h"
-#include "zorvex/base/Text.h"
 #include "zorvex/platform/FileSystem.h"
 #include "zorvex/view/ViewCodec.h"
 
 namespace zorvex {
-
-namespace {
-
-constexpr std::size_t maxFileID = 64;
-
-}  // namespace
 
 AGIView::AGIView() : GameResource(rtView, ViewErrorSource) {
     change_ = Resource().Change.Subscribe([this] {
@@ -184,26 +176,17 @@ void AGIView::Export(std::string_view exportFile, bool resetDirty) {
     if (DataDirty()) BuildViewData();
     const std::string path = InnerPath(exportFile);
     Resource().Export(path);
-    if (!InGame()) SetFileID(path);
+    if (!InGame()) TakeFileName(path);
     if (resetDirty) DataDirty(false);
 }
 
 void AGIView::Import(std::string_view importFile) {
     const std::string path = InnerPath(importFile);
     Guarded([&] { Resource().Import(path); }, [&] { Unload(); });
-    SetFileID(path);
+    TakeFileName(path);
     DataDirty(false);
     WritePropState(false);
     viewSet_ = false;
-}
-
-void AGIView::SetFileID(std::string_view file) {
-    const std::string id = CutCharacters(JustFileName(file), maxFileID);
-    if (InGame()) {
-        Attempt([&] { ID(id); });  // a name that another view has leaves the old one
-    } else {
-        SetIDField(id);
-    }
 }
 
 void AGIView::SetView(AGIView& copyView) {

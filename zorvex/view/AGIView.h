@@ -80,7 +80,6 @@ class AGIView : public GameResource {
     ViewContent Content();
     void WriteDefaultView();
     void CopyFrom(AGIView& source);
-    void SetFileID(std::string_view file);
 
     std::shared_ptr<AGILoops> loops_;
     std::string viewDescription_;
