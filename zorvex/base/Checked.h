@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <type_traits>
 #include <utility>
 
@@ -25,6 +26,11 @@ constexpr decltype(auto) At(Container&& container, Index index, std::string_view
         RaiseRuntime(reSubscript, source);
     }
     return std::forward<Container>(container)[static_cast<std::size_t>(index)];
+}
+
+/// Where to insert: a place in a list of that length, or its end for a place that it does not have.
+constexpr std::int64_t PlaceOrEnd(std::int64_t place, std::int64_t count) {
+    return place < 0 || place > count ? count : place;
 }
 
 }  // namespace zorvex

@@ -26,7 +26,8 @@ constexpr std::string_view muteKey = "Mute";
 constexpr std::string_view visibleKey = "Visible";
 constexpr std::int32_t cannotConvert = ObjectErrorBase + 596;
 
-std::int32_t WholeQuarters(std::int32_t ticks) {
+template <class Ticks>
+Ticks WholeQuarters(Ticks ticks) {
     return ticks / 4 * 4;
 }
 
@@ -59,23 +60,23 @@ AGISound::AGISound() : GameResource(rtSound, SoundErrorSource) {
 }
 
 AGISound::~AGISound() {
-    if (const auto player = std::move(player_)) player->Stop();
+    if (const auto player = std::move(player_)) player->Forget(*this);
     ReleaseTracks();
 }
 
 // --- Settings and change ---
-void AGISound::Key(std::int32_t value) {
+void AGISound::Key(AnyInteger value) {
     if (value < -maxKey || value > maxKey) RaiseRuntime(reInvalidPropertyValue, ErrorSource());
     if (value == key_) return;
-    key_ = value;
+    key_ = static_cast<std::int32_t>(value);
     WritePropState(true);
 }
 
-void AGISound::TPQN(std::int32_t value) {
-    const std::int32_t ticks = WholeQuarters(value);
+void AGISound::TPQN(AnyInteger value) {
+    const AnyInteger ticks = WholeQuarters(value);
     if (ticks < minTPQN || ticks > maxTPQN) RaiseRuntime(reInvalidPropertyValue, ErrorSource());
     if (ticks == tpqn_) return;
-    tpqn_ = ticks;
+    tpqn_ = static_cast<std::int32_t>(ticks);
     WritePropState(true);
 }
 
@@ -112,7 +113,7 @@ void AGISound::NewTracks(std::uint8_t instrument) {
     }
 }
 
-std::shared_ptr<AGITrack> AGISound::Track(std::int32_t index) {
+std::shared_ptr<AGITrack> AGISound::Track(AnyInteger index) {
     if (index < 0 || std::cmp_greater_equal(index, TrackCount)) {
         RaiseText(reSubscript, ErrorSource(), "Index out of bounds");
     }
@@ -449,7 +450,7 @@ bool AGISound::ImportScript(ByteView file) {
 void AGISound::PlaySound() {
     RequireLoaded();
     const std::shared_ptr<frmSndSubclass> player = SoundPlayer();
-    if (player->PlayingSound()) RaiseCatalogue(629, ErrorSource());
+    if (frmSndSubclass::PlayingSound()) RaiseCatalogue(629, ErrorSource());
     if (!outputSet_) Guarded([&] { BuildSoundOutput(); }, [] {});
     Guarded([&] { player->PlaySound(*this); }, [] {});
     if (!InGame()) player_ = player;

@@ -29,7 +29,7 @@ class AGICel {
     explicit AGICel(ViewLinkPointer link) : link_(std::move(link)) {}
     AGICel(ViewLinkPointer link, CelPixels pixels, AGIColors transColor)
         : pixels_(std::move(pixels)), transColor_(transColor), link_(std::move(link)) {}
-    ~AGICel();
+    ~AGICel() { FreeBitmap(); }
     AGICel(const AGICel&) = delete;
     AGICel& operator=(const AGICel&) = delete;
 
@@ -38,18 +38,18 @@ class AGICel {
     /// The width in pixels, 1 to 160; each is drawn two screen pixels wide. A new value keeps the pixels that
     /// remain and gives new columns the transparent colour. Raises 533.
     std::uint8_t Width() const { return static_cast<std::uint8_t>(pixels_.Width()); }
-    void Width(std::int32_t value);
+    void Width(AnyInteger value);
     /// The height in pixels, 1 to 168. Raises 532.
     std::uint8_t Height() const { return static_cast<std::uint8_t>(pixels_.Height()); }
-    void Height(std::int32_t value);
+    void Height(AnyInteger value);
     /// The colour that is not drawn, 0 to 15. Raises 556.
     AGIColors TransColor() const { return transColor_; }
     void TransColor(AGIColors value);
 
     /// One pixel, as the cel shows itself. Raises run-time error 9 outside the cel. Any colour value is
     /// stored, but one above 15 fails when the view's bytes are built.
-    AGIColors CelData(std::int32_t xPos, std::int32_t yPos) const;
-    void CelData(std::int32_t xPos, std::int32_t yPos, AGIColors color);
+    AGIColors CelData(AnyInteger xPos, AnyInteger yPos) const;
+    void CelData(AnyInteger xPos, AnyInteger yPos, AGIColors color);
     /// A copy of all pixels, as the cel shows itself.
     CelPixels AllCelData() const;
     /// Replaces all pixels; they are stored as given, also while the cel shows itself flipped. Raises 614
@@ -79,6 +79,7 @@ class AGICel {
 
   private:
     void Changed();
+    AnyInteger Column(AnyInteger shown) const;
     void FreeBitmap();
     void PaintBitmap();
 

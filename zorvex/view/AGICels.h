@@ -22,16 +22,16 @@ class AGICels {
 
     /// The cel at a position. From now on it shows itself as the loop does through which this list was
     /// fetched. Raises run-time error 9.
-    std::shared_ptr<AGICel> Item(std::int32_t index) const;
+    std::shared_ptr<AGICel> Item(AnyInteger index) const;
     std::int32_t Count() const { return static_cast<std::int32_t>(cels_.size()); }
-    /// Adds a black cel before a position; a position past the end, as the default is, means the end. A size
-    /// or colour that a cel cannot have is ignored: the cel then is 1 wide, 1 high, or transparent in black.
-    /// Raises 552.
-    std::shared_ptr<AGICel> Add(std::uint8_t pos = 255, std::int32_t celWidth = 1, std::int32_t celHeight = 1,
+    /// Adds a black cel before a position; a position that the list does not have, such as the default, means
+    /// the end. A size or colour that a cel cannot have is ignored: the cel then is 1 wide, 1 high, or
+    /// transparent in black. Raises 552.
+    std::shared_ptr<AGICel> Add(AnyInteger pos = 255, AnyInteger celWidth = 1, AnyInteger celHeight = 1,
                                 AGIColors transColor = agBlack);
     /// Removes a cel; those behind it move down. Raises 612 for the last one left, run-time error 9 for a
     /// position that is not there.
-    void Remove(std::int32_t index);
+    void Remove(AnyInteger index);
 
     // --- For the library ---
 

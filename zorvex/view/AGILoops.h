@@ -23,16 +23,16 @@ class AGILoops {
     AGILoops(const AGILoops&) = delete;
     AGILoops& operator=(const AGILoops&) = delete;
 
-    /// Adds a loop without cels before a position; a position past the end, as the default is, means the end.
-    /// A mirrored loop 7 that would move to 8 is unmirrored. Raises 537.
-    std::shared_ptr<AGILoop> Add(std::uint8_t pos = 255);
+    /// Adds a loop without cels before a position; a position that the list does not have, such as the
+    /// default, means the end. A mirrored loop 7 that would move to 8 is unmirrored. Raises 537.
+    std::shared_ptr<AGILoop> Add(AnyInteger pos = 255);
     /// The loop at a position; raises run-time error 9.
-    std::shared_ptr<AGILoop> Item(std::int32_t index) const;
+    std::shared_ptr<AGILoop> Item(AnyInteger index) const;
     std::int32_t Count() const { return static_cast<std::int32_t>(loops_.size()); }
     /// Removes a loop; those behind it move down. The partner of a mirrored loop goes on showing what it
     /// showed, no longer mirrored; so does the removed loop for a host that still holds it. Raises 613 for
     /// the last loop left, run-time error 9 for a position that is not there.
-    void Remove(std::int32_t index);
+    void Remove(AnyInteger index);
 
     auto begin() const { return loops_.begin(); }
     auto end() const { return loops_.end(); }
@@ -42,12 +42,12 @@ class AGILoops {
     /// Ends the way up to the view, for a tree that the view drops.
     void Cut();
     /// Makes one loop the mirror of another, see AGIView::SetMirror.
-    void SetMirror(std::int32_t targetLoop, std::int32_t sourceLoop);
+    void SetMirror(AnyInteger targetLoop, AnyInteger sourceLoop);
 
   private:
     void RenewIndexes();
     std::int16_t FreePairNumber() const;
-    void Take(std::int32_t index);
+    void Take(AnyInteger index);
 
     std::vector<std::shared_ptr<AGILoop>> loops_;
     ViewLinkPointer link_;

@@ -62,7 +62,7 @@ void AGIView::ViewDescription(std::string_view value) {
     DataDirty(true);
 }
 
-void AGIView::SetMirror(std::int32_t targetLoop, std::int32_t sourceLoop) {
+void AGIView::SetMirror(AnyInteger targetLoop, AnyInteger sourceLoop) {
     Loops()->SetMirror(targetLoop, sourceLoop);
 }
 

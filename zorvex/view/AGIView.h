@@ -35,7 +35,7 @@ class AGIView : public GameResource {
     /// Makes one loop the mirror of another: from now on both have the source's cels, and the target shows
     /// them flipped. The target's own cels are dropped. Raises 563; 539 for a number that is not there or
     /// above 7, 540 for equal numbers, 550 and 551 for a loop that is mirrored already.
-    void SetMirror(std::int32_t targetLoop, std::int32_t sourceLoop);
+    void SetMirror(AnyInteger targetLoop, AnyInteger sourceLoop);
 
     using GameResource::ID;
     /// As told at GameResource; names that differ only in case count as the same. Raises 686 for any other
