@@ -109,12 +109,22 @@ AnyInteger AGIPicture::EndOfRun(AnyInteger x, AnyInteger length) {
 }
 
 ByteArray AGIPicture::VisData() {
+    VisView();
+    return visData_;
+}
+
+ByteArray AGIPicture::PriData() {
+    PriView();
+    return priData_;
+}
+
+ByteView AGIPicture::VisView() {
     RequireLoaded();
     EnsureDrawn();
     return visData_;
 }
 
-ByteArray AGIPicture::PriData() {
+ByteView AGIPicture::PriView() {
     RequireLoaded();
     EnsureDrawn();
     return priData_;
@@ -174,6 +184,11 @@ std::int32_t AGIPicture::PriorityBMP() {
 }
 
 // --- Step by step ---
+std::vector<PictureCommand> AGIPicture::Commands() const {
+    RequireLoaded();
+    return ListPictureCommands(View());
+}
+
 std::int32_t AGIPicture::DrawPos() const {
     RequireLoaded();
     return drawPos_;

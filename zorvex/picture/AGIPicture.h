@@ -5,8 +5,10 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "zorvex/base/Types.h"
+#include "zorvex/picture/PictureCommands.h"
 #include "zorvex/picture/PictureTypes.h"
 #include "zorvex/platform/Bitmaps.h"
 #include "zorvex/storage/GameResource.h"
@@ -33,6 +35,11 @@ class AGIPicture final : public GameResource {
     /// Copies of the screens: 26,880 bytes, row by row from the top, each a colour 0 to 15. Raise 563.
     ByteArray VisData();
     ByteArray PriData();
+    /// The same in place, without a copy. They hold until the picture is drawn anew: until its bytes, DrawPos
+    /// or StepDraw change and a member needs the screens, or it is loaded, cleared, copied to or destroyed.
+    /// Raise 563.
+    ByteView VisView();
+    ByteView PriView();
     /// The colour of one pixel of each screen. Raise 563 and 621.
     std::uint8_t VisPixel(AnyInteger x, AnyInteger y);
     std::uint8_t PriPixel(AnyInteger x, AnyInteger y);
@@ -55,6 +62,8 @@ class AGIPicture final : public GameResource {
     std::int32_t PriorityBMP();
 
     // --- Step by step ---
+    /// The commands of the stream, with their positions, operands and faults. Raises 563.
+    std::vector<PictureCommand> Commands() const;
     /// A position of the stream, -1 for its end: where drawing stops if StepDraw, and where CurrentToolStatus
     /// looks at the pen. The setter cuts to the last position. Both raise 563.
     std::int32_t DrawPos() const;

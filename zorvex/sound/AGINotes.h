@@ -37,6 +37,8 @@ class AGINotes {
     /// Removes the note at an index. Raises 9, "Subscript out of range".
     void Remove(AnyInteger index);
 
+    std::size_t size() const { return notes_.size(); }
+    bool empty() const { return notes_.empty(); }
     /// Walks the notes in order. The notes must not change on the way.
     auto begin() const { return notes_.begin(); }
     auto end() const { return notes_.end(); }

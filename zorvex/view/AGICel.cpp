@@ -60,6 +60,13 @@ void AGICel::AllCelData(const CelPixels& pixels) {
     Changed();
 }
 
+void AGICel::Store(CelPixels pixels) {
+    if (pixels.Width() < 1 || pixels.Width() > MaxWidth) RaiseCatalogue(533, ErrorSource);
+    if (pixels.Height() < 1 || pixels.Height() > MaxHeight) RaiseCatalogue(532, ErrorSource);
+    pixels_ = std::move(pixels);
+    Changed();
+}
+
 void AGICel::CopyCel(const AGICel& sourceCel) {
     CelPixels copy = sourceCel.AllCelData();
     if (showMirrored_) copy.Flip();

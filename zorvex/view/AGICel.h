@@ -56,6 +56,10 @@ class AGICel {
     /// unless they have the size of the cel.
     void AllCelData(const CelPixels& pixels);
 
+    /// The pixels in place, without a copy, as they are stored: for a cel of a mirror pair as the source loop
+    /// shows them. The reference holds as long as the cel; rows and spans of it until the cel changes.
+    const CelPixels& Stored() const { return pixels_; }
+
     /// Takes size, transparent colour and pixels of another cel, so that this one shows what the other shows.
     void CopyCel(const AGICel& sourceCel);
     /// Makes the cel one black pixel. The transparent colour stays.
@@ -72,6 +76,8 @@ class AGICel {
     void Index(std::uint8_t value) { index_ = value; }
     bool ShowMirrored() const { return showMirrored_; }
     void ShowMirrored(bool value) { showMirrored_ = value; }
+    /// Replaces what is stored, size and all. Raises 533 and 532 for a size that no cel has.
+    void Store(CelPixels pixels);
     /// Reverses every row of what is stored.
     void FlipPixels();
     /// A new cel with what is stored here, or with its rows reversed.

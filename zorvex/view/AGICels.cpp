@@ -8,9 +8,27 @@
 namespace zorvex {
 
 std::shared_ptr<AGICel> AGICels::Item(AnyInteger index) const {
-    const std::shared_ptr<AGICel>& cel = At(cels_, index, ErrorSource);
+    const std::shared_ptr<AGICel>& cel = Stored(index);
     cel->ShowMirrored(showMirrored_);
     return cel;
+}
+
+const std::shared_ptr<AGICel>& AGICels::Stored(AnyInteger index) const {
+    return At(cels_, index, ErrorSource);
+}
+
+const std::vector<std::shared_ptr<AGICel>>& AGICels::ShowAll() const {
+    for (const auto& cel : cels_)
+        cel->ShowMirrored(showMirrored_);
+    return cels_;
+}
+
+void AGICels::Move(AnyInteger from, AnyInteger to) {
+    Stored(from);
+    Stored(to);
+    MoveElement(cels_, from, to);
+    RenewIndexes();
+    MarkDirty(link_);
 }
 
 std::shared_ptr<AGICel> AGICels::Add(AnyInteger pos, AnyInteger celWidth, AnyInteger celHeight,

@@ -33,7 +33,21 @@ class AGICels {
     /// position that is not there.
     void Remove(AnyInteger index);
 
+    /// Takes a cel to another position; those between move by one. Raises run-time error 9 for a position
+    /// that is not there.
+    void Move(AnyInteger from, AnyInteger to);
+
+    std::size_t size() const { return cels_.size(); }
+    bool empty() const { return cels_.empty(); }
+    /// Walks the cels in order, which from now on show themselves as after Item. The list must not change on
+    /// the way.
+    auto begin() const { return ShowAll().begin(); }
+    auto end() const { return cels_.end(); }
+
     // --- For the library ---
+
+    /// A cel, without a change of how it shows itself. Raises run-time error 9.
+    const std::shared_ptr<AGICel>& Stored(AnyInteger index) const;
 
     bool ShowMirrored() const { return showMirrored_; }
     void ShowMirrored(bool value) { showMirrored_ = value; }
@@ -48,6 +62,7 @@ class AGICels {
     void EndMirroring();
 
   private:
+    const std::vector<std::shared_ptr<AGICel>>& ShowAll() const;
     void RenewIndexes();
 
     std::vector<std::shared_ptr<AGICel>> cels_;

@@ -57,6 +57,18 @@ void AGILoops::Take(AnyInteger index) {
     MarkDirty(link_);
 }
 
+void AGILoops::Move(AnyInteger from, AnyInteger to) {
+    const std::shared_ptr<AGILoop> loop = Item(from);
+    Item(to);
+    if (from == to) return;
+    MoveElement(loops_, from, to);
+    RenewIndexes();
+    for (const auto& each : loops_) {
+        if (each->Index() >= MirrorLimit) each->UnMirror();
+    }
+    MarkDirty(link_);
+}
+
 void AGILoops::SetMirror(AnyInteger targetLoop, AnyInteger sourceLoop) {
     if (sourceLoop >= Count() || sourceLoop >= MirrorLimit || targetLoop >= MirrorLimit) {
         RaiseCatalogue(539, ErrorSource);

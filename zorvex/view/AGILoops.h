@@ -34,6 +34,14 @@ class AGILoops {
     /// the last loop left, run-time error 9 for a position that is not there.
     void Remove(AnyInteger index);
 
+    /// Takes a loop to another position; those between move by one. Mirror pairs stay pairs, but a mirrored
+    /// loop that comes to stand behind loop 7 is unmirrored. Raises run-time error 9 for a position that is
+    /// not there.
+    void Move(AnyInteger from, AnyInteger to);
+
+    std::size_t size() const { return loops_.size(); }
+    bool empty() const { return loops_.empty(); }
+    /// Walks the loops in order. The list must not change on the way.
     auto begin() const { return loops_.begin(); }
     auto end() const { return loops_.end(); }
 

@@ -1,5 +1,7 @@
 #include "zorvex/view/AGIView.h"
 
+#include <algorithm>
+
 #include "zorvex/base/Faults.h"
 #include "zorvex/base/Internal.h"
 #include "zorvex/platform/FileSystem.h"
@@ -64,6 +66,31 @@ void AGIView::ViewDescription(std::string_view value) {
 
 void AGIView::SetMirror(AnyInteger targetLoop, AnyInteger sourceLoop) {
     Loops()->SetMirror(targetLoop, sourceLoop);
+}
+
+void AGIView::MoveLoop(AnyInteger from, AnyInteger to) {
+    Loops()->Move(from, to);
+}
+
+void AGIView::MoveCel(AnyInteger loop, AnyInteger from, AnyInteger to) {
+    Loops()->Item(loop)->Cels()->Move(from, to);
+}
+
+CelPixels AGIView::ReadCel(AnyInteger loop, AnyInteger cel) {
+    return Loops()->Item(loop)->ShownPixels(cel);
+}
+
+void AGIView::WriteCel(AnyInteger loop, AnyInteger cel, CelPixels pixels,
+                       std::optional<AGIColors> transColor) {
+    const auto isNone = [](AGIColors color) { return color > agWhite; };
+    const std::shared_ptr<AGILoop> target = Loops()->Item(loop);
+    const std::shared_ptr<AGICel> stored = target->Cels()->Stored(cel);
+    if (std::ranges::any_of(pixels.Flat(), isNone) || (transColor && isNone(*transColor))) {
+        RaiseCatalogue(556, AGICel::ErrorSource);
+    }
+    if (target->IsMirror()) pixels.Flip();
+    stored->Store(std::move(pixels));
+    if (transColor) stored->TransColor(*transColor);
 }
 
 // --- From bytes and to bytes ---

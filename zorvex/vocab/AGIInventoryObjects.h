@@ -68,6 +68,9 @@ class AGIInventoryObjects : public GameList {
     using Iterator = std::vector<std::shared_ptr<AGIInventoryItem>>::const_iterator;
     Iterator begin() const;
     Iterator end() const;
+    /// The number of items, as Count.
+    std::size_t size() const { return static_cast<std::size_t>(Count()); }
+    bool empty() const { return size() == 0; }
 
     // --- For the library ---
     /// The items, loaded or not.

@@ -26,6 +26,11 @@ class AGIWordGroup {
     /// The word at a position from 0, in sort order. Raises 574, "Invalid word index".
     const std::string& Word(AnyInteger index) const;
     std::int32_t WordCount() const { return static_cast<std::int32_t>(words_.size()); }
+    std::size_t size() const { return words_.size(); }
+    bool empty() const { return words_.empty(); }
+    /// Walks the words in sort order, until the group changes.
+    auto begin() const { return words_.begin(); }
+    auto end() const { return words_.end(); }
 
     // --- For the library ---
     explicit AGIWordGroup(std::int32_t groupNum) : groupNum_(groupNum) {}

@@ -108,6 +108,11 @@ void AGIWordList::RemoveWord(std::string_view text) {
 }
 
 // --- Groups ---
+const std::vector<std::shared_ptr<AGIWordGroup>>& AGIWordList::Groups() const {
+    RequireLoaded();
+    return table_.Groups();
+}
+
 std::int32_t AGIWordList::GroupCount() const {
     RequireLoaded();
     return Narrow<std::int32_t>(table_.Groups().size());

@@ -65,8 +65,13 @@ class AGIWordList : public GameList {
     using Iterator = MappedIterator<std::vector<const AGIWord*>::const_iterator, ShownWord>;
     Iterator begin() const;
     Iterator end() const;
+    /// The number of words, as WordCount.
+    std::size_t size() const { return static_cast<std::size_t>(WordCount()); }
+    bool empty() const { return size() == 0; }
 
     // --- Groups ---
+    /// All groups in order of their numbers, in place, until the list of groups changes.
+    const std::vector<std::shared_ptr<AGIWordGroup>>& Groups() const;
     std::int32_t GroupCount() const;
     /// The group at a position from 0. Raises 588.
     std::shared_ptr<AGIWordGroup> Group(AnyInteger index) const;
