@@ -29,6 +29,7 @@
 #include "zorvex/logic/LogCompile.h"
 #include "zorvex/picture/AGIPicture.h"
 #include "zorvex/picture/AGIPictures.h"
+#include "zorvex/picture/PictureCommands.h"
 #include "zorvex/picture/PictureTypes.h"
 #include "zorvex/platform/Bitmaps.h"
 #include "zorvex/platform/Clock.h"

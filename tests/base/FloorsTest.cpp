@@ -3,6 +3,7 @@
 #include <fstream>
 #include <map>
 #include <regex>
+#include <set>
 
 namespace zorvex::test {
 namespace {
@@ -62,6 +63,33 @@ TEST(Floors, NoHeaderButItselfAndTheKeeperOfWorkspacesReachesForTheRecord) {
         EXPECT_EQ(TextOfFile(file).find("#include \"zorvex/state/LibraryState.h\""), std::string::npos)
             << file;
     }
+}
+
+/// The names of the library's files that a file includes, itself or through others.
+void Collect(const std::string& inner, std::set<std::string>& found) {
+    if (!found.insert(inner).second) return;
+    const std::string text = TextOfFile(root / "zorvex" / inner);
+    const std::regex include("#include \"zorvex/([^\"]+)\"");
+    for (std::sregex_iterator it(text.begin(), text.end(), include), end; it != end; ++it)
+        Collect((*it)[1].str(), found);
+}
+
+TEST(Floors, CodecsKnowNoClassOfAResource) {
+    const std::regex codec(
+        "(picture|view|sound|vocab)/"
+        "[A-Za-z]*(Codec|Text|TextForm|File|Script|Conversion|Functions|Data)\\.(h|cpp)");
+    const std::regex object("[a-z]+/(AGI[A-Za-z]+|Game(Resource|List)|ResourceCollection)\\.h");
+    int codecs = 0;
+    for (const std::filesystem::path& file : Sources()) {
+        const std::string inner = std::filesystem::relative(file, root / "zorvex").generic_string();
+        if (!std::regex_match(inner, codec)) continue;
+        ++codecs;
+        std::set<std::string> included;
+        Collect(inner, included);
+        for (const std::string& other : included)
+            EXPECT_FALSE(std::regex_match(other, object)) << inner << " reaches " << other;
+    }
+    EXPECT_GE(codecs, 20);
 }
 
 TEST(Floors, NoFolderHoldsMoreThanAPersonCanOversee) {

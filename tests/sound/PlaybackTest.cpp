@@ -102,6 +102,24 @@ TEST_F(Playback, SendsItsCommandsAndHearsOfTheEnd) {
     }
 }
 
+TEST_F(Playback, AHandlerCannotStopWhatHasEndedToPlayTheNext) {
+    AGISound other;
+    onComplete = [&] {
+        sound->StopSound();
+        EXPECT_EQ(RaisedId([&] { other.PlaySound(); }), 629);
+    };
+    sound->PlaySound();
+    Post(NoticeSuccessful);
+    other.PlaySound();
+    EXPECT_EQ(RaisedId([&] { sound->PlaySound(); }), 629) << "the state is that of the new sound";
+    other.StopSound();
+    onComplete = [&] { sound.reset(); };
+    sound->PlaySound();
+    Post(NoticeSuccessful);
+    EXPECT_EQ(told.size(), 2U);
+    EXPECT_NO_THROW(other.PlaySound()) << "a sound that goes in its own handler leaves the player free";
+}
+
 TEST_F(Playback, StopsWithoutTellingAnybody) {
     sound->StopSound();
     EXPECT_TRUE(media->Commands.empty());

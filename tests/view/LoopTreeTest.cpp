@@ -166,4 +166,75 @@ TEST(Loops, StandAlone) {
     EXPECT_EQ(RaisedId([&] { loop.MirrorLoop(); }), 611);
 }
 
+/// The first rows of all loops, "|" between loops and "," between cels.
+std::string Tree(AGIView& view) {
+    std::string text;
+    for (const auto& loop : *view.Loops()) {
+        text += text.empty() ? "" : "|";
+        const auto cels = loop->Cels();
+        std::string row;
+        for (const auto& cel : *cels)
+            row += (row.empty() ? "" : ",") + RowsOf(cel->AllCelData()).front();
+        text += row + (loop->Mirrored() ? "~" + std::to_string(loop->MirrorLoop()) : "");
+    }
+    return text;
+}
+
+TEST(Move, KeepsPairsAndWhatLoopsShow) {
+    const auto view = MakeView({{"12"}, {"5"}, {"34"}});
+    view->SetMirror(1, 0);
+    AddCel(*view, 0, {"66"});
+    view->DataDirty(false);
+    view->MoveLoop(0, 2);
+    EXPECT_EQ(Tree(*view), "21,66~2|34|12,66~0") << "the mirror now comes first";
+    EXPECT_TRUE(view->IsDirty());
+    view->MoveCel(0, 0, 1);
+    EXPECT_EQ(Tree(*view), "66,21~2|34|66,12~0");
+    EXPECT_EQ(view->Loops()->Item(2)->Cels()->Item(1)->Index(), 1);
+    AGIView read;
+    view->BuildViewData();
+    read.SetData(view->AllData());
+    EXPECT_EQ(Tree(read), Tree(*view)) << "and so it does in the bytes";
+    EXPECT_EQ(RaisedId([&] { view->MoveLoop(0, 3); }), 9);
+    EXPECT_EQ(RaisedId([&] { view->MoveLoop(-1, 0); }), 9);
+    EXPECT_EQ(RaisedId([&] { view->MoveCel(1, 0, 1); }), 9);
+    EXPECT_EQ(Tree(*view), "66,21~2|34|66,12~0");
+}
+
+TEST(Move, EndsPairsBehindLoopSeven) {
+    for (const bool pushed : {false, true}) {
+        const auto view = MakeView({{"12"}, {"0"}, {"1"}, {"2"}, {"3"}, {"4"}, {"5"}, {"6"}, {"7"}});
+        view->SetMirror(7, 0);
+        if (pushed) {
+            view->MoveLoop(8, 1);
+        } else {
+            view->MoveLoop(7, 8);
+        }
+        EXPECT_EQ(Tree(*view), pushed ? "12|7|0|1|2|3|4|5|21" : "12|0|1|2|3|4|5|7|21");
+    }
+}
+
+TEST(CelAccess, IsAsTheLoopShowsIt) {
+    const auto view = MakeView({{"120", "340"}, {"5"}});
+    view->SetMirror(1, 0);
+    const auto held = view->Loops()->Item(0)->Cels()->Item(0);
+    EXPECT_EQ(RowsOf(view->ReadCel(1, 0)), (Rows{"021", "043"}));
+    EXPECT_EQ(RowsOf(held->AllCelData()), (Rows{"120", "340"})) << "a held cel is not turned";
+    EXPECT_EQ(&held->Stored(), &view->Loops()->Item(1)->Cels()->Item(0)->Stored());
+    view->DataDirty(false);
+    view->WriteCel(1, 0, Pixels({"78"}), agGreen);
+    EXPECT_TRUE(view->IsDirty());
+    EXPECT_EQ(RowsOf(view->ReadCel(1, 0)), (Rows{"78"}));
+    EXPECT_EQ(RowsOf(view->ReadCel(0, 0)), (Rows{"87"}));
+    EXPECT_EQ(held->TransColor(), agGreen);
+    CelPixels wrong(1, 1, agNone);
+    EXPECT_EQ(RaisedId([&] { view->WriteCel(0, 0, wrong); }), 556);
+    EXPECT_EQ(RaisedId([&] { view->WriteCel(0, 0, CelPixels(161, 1), agRed); }), 533);
+    EXPECT_EQ(RaisedId([&] { view->WriteCel(0, 0, CelPixels(1, 0)); }), 532);
+    EXPECT_EQ(RaisedId([&] { view->WriteCel(0, 1, CelPixels(1, 1)); }), 9);
+    EXPECT_EQ(RaisedId([&] { view->ReadCel(2, 0); }), 9);
+    EXPECT_EQ(RowsOf(view->ReadCel(0, 0)), (Rows{"87"}));
+    EXPECT_EQ(held->TransColor(), agGreen) << "refused as a whole";
+}
+
 }  // namespace zorvex::test

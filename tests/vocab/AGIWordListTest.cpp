@@ -93,6 +93,24 @@ TEST_F(WordListTest, WritesNoListWithoutWords) {
     EXPECT_NE(Library().LastEdit, DateTime{});
 }
 
+TEST_F(WordListTest, WalksGroupsAndTheirWords) {
+    AGIWordList words;
+    EXPECT_ERROR(563, words.Groups());
+    EXPECT_ERROR(563, words.size());
+    words.NewWords();
+    words.AddWord("an", 0);
+    std::string text;
+    for (auto& group : words.Groups()) {
+        text += std::to_string(group->GroupNum()) + ":" + std::to_string(group->size());
+        for (auto& word : *group)
+            text += " " + word;
+        text += "; ";
+    }
+    EXPECT_EQ(text, "0:2 a an; 1:1 anyword; 9999:1 rol; ");
+    EXPECT_EQ(words.size(), 4U);
+    EXPECT_FALSE(words.empty());
+}
+
 TEST_F(WordListTest, TellsWhereATextFormIsBad) {
     dir.Write("twice.agw", "2.1.1\r\n0\ta\r\n1\ta\r\n");
     dir.Write("group", "2.1.1\r\nx\ta\r\n");

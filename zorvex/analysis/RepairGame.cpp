@@ -15,6 +15,7 @@
 #include "zorvex/sound/AGISounds.h"
 #include "zorvex/storage/GameFileNames.h"
 #include "zorvex/view/AGIViews.h"
+#include "zorvex/vocab/AGIWordList.h"
 
 namespace zorvex {
 
@@ -67,6 +68,7 @@ class Repair {
         KeepOld("WORDS.TOK");
         bytes.push_back(0);
         Files().Write(path, bytes);
+        Attempt([&] { game_.VocabularyWords()->Load(path); });
         steps_.push_back({rtWords, -1, "WORDS.TOK: the zero byte at its end was added"});
     }
 

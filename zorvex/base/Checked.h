@@ -1,9 +1,12 @@
 // Arithmetic and indexing with stated bounds.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 #include "zorvex/base/Error.h"
 
@@ -25,6 +28,23 @@ constexpr decltype(auto) At(Container&& container, Index index, std::string_view
         RaiseRuntime(reSubscript, source);
     }
     return std::forward<Container>(container)[static_cast<std::size_t>(index)];
+}
+
+/// Takes an element to another place; those between move by one. Both places must be there.
+template <class Element>
+void MoveElement(std::vector<Element>& list, std::int64_t from, std::int64_t to) {
+    const auto first = list.begin() + from;
+    const auto last = list.begin() + to;
+    if (from < to) {
+        std::rotate(first, first + 1, last + 1);
+    } else {
+        std::rotate(last, first, first + 1);
+    }
+}
+
+/// Where to insert: a place in a list of that length, or its end for a place that it does not have.
+constexpr std::int64_t PlaceOrEnd(std::int64_t place, std::int64_t count) {
+    return place < 0 || place > count ? count : place;
 }
 
 }  // namespace zorvex

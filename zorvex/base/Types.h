@@ -13,6 +13,10 @@ using ByteArray = std::vector<std::uint8_t>;
 /// A read-only view of bytes owned by somebody else.
 using ByteView = std::span<const std::uint8_t>;
 
+/// An index, a place, a size or another number as an argument. Every integer fits in without a loss that
+/// could make it a valid one, and the member that takes it checks it as a whole.
+using AnyInteger = std::int64_t;
+
 /// Kinds of resources and of other files of a game. Sound stands before view here, while a V3 directory file
 /// holds views before sounds.
 enum AGIResType : std::uint8_t {

@@ -6,7 +6,6 @@
 #include "zorvex/base/CodePage.h"
 #include "zorvex/base/Faults.h"
 #include "zorvex/base/Internal.h"
-#include "zorvex/base/PathText.h"
 #include "zorvex/base/StringList.h"
 #include "zorvex/base/Text.h"
 #include "zorvex/decompiler/LogDecode.h"
@@ -209,7 +208,7 @@ void AGILogic::SaveSource(std::string_view saveFile, bool exporting) {
                             WriteCRC();
                             Library().LastEdit = Now();
                         } else {
-                            ID(JustFileName(target));
+                            TakeFileName(target);
                         }
                         sourceDirty_ = false;
                     },
@@ -310,7 +309,7 @@ void AGILogic::Import(std::string_view importFile, bool asSource) {
         sourceFile_.clear();
         if (failed) return;
     }
-    ID(JustFileName(file));
+    TakeFileName(file);
 }
 
 void AGILogic::Save(std::string_view saveFile) {

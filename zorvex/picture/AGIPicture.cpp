@@ -6,7 +6,6 @@
 #include "zorvex/base/Checked.h"
 #include "zorvex/base/Faults.h"
 #include "zorvex/base/Internal.h"
-#include "zorvex/base/PathText.h"
 #include "zorvex/base/Text.h"
 #include "zorvex/picture/PictureFunctions.h"
 #include "zorvex/platform/FileSystem.h"
@@ -21,7 +20,6 @@ constexpr std::string_view errorSource = "ZORVEX.agiPicture";
 constexpr std::uint8_t defaultPriBase = 48;
 constexpr std::uint8_t maxPriBase = 158;
 constexpr double firstVersionWithPriBase = 2.936;
-constexpr std::size_t maxIDLength = 64;
 constexpr std::uint32_t white = 0xFFFFFF;
 
 constexpr BitmapHeader screenHeader{.Width = PictureWidth,
@@ -61,13 +59,13 @@ void AGIPicture::BuildBMPs() {
 
 void AGIPicture::MakeBitmaps() {
     const bool made = visual_.Make(screenHeader, colors_) && priority_.Make(screenHeader, colors_) &&
-                      Bitmaps().SetBkColor(visual_.Context, white) != 0;
+                      visual_.Services()->SetBkColor(visual_.Context(), white) != 0;
     if (!made) {
         ReleaseBitmaps();
         RaiseCatalogue(610, errorSource);
     }
-    std::memcpy(visual_.Bits, visData_.data(), visData_.size());
-    std::memcpy(priority_.Bits, priData_.data(), priData_.size());
+    std::memcpy(visual_.Bits(), visData_.data(), visData_.size());
+    std::memcpy(priority_.Bits(), priData_.data(), priData_.size());
 }
 
 void AGIPicture::ReleaseBitmaps() {
@@ -83,68 +81,91 @@ void AGIPicture::EnsureBuilt() {
     if (!built_) BuildBMPs();
 }
 
+void AGIPicture::EnsureBitmaps() {
+    EnsureBuilt();
+    if (visual_.IsCurrent()) return;
+    ReleaseBitmaps();
+    MakeBitmaps();
+}
+
 void AGIPicture::EnsureDrawn() {
     Attempt([this] { EnsureBuilt(); });
 }
 
 // --- The screens ---
-void AGIPicture::RequirePoint(std::uint8_t x, std::uint8_t y) const {
+void AGIPicture::RequirePoint(AnyInteger x, AnyInteger y) const {
     RequireLoaded();
-    if (x >= PictureWidth || y >= PictureHeight) RaiseCatalogue(621, errorSource);
+    if (x < 0 || x >= PictureWidth || y < 0 || y >= PictureHeight) RaiseCatalogue(621, errorSource);
 }
 
-std::uint8_t AGIPicture::PixelAt(const ByteArray& screen, std::int32_t x, std::int32_t y) const {
+std::uint8_t AGIPicture::PixelAt(const ByteArray& screen, AnyInteger x, AnyInteger y) const {
     return At(screen, x + PictureWidth * y, errorSource);
 }
 
+/// Where a run of pixels ends that is cut at the screen's edge.
+AnyInteger AGIPicture::EndOfRun(AnyInteger x, AnyInteger length) {
+    if (length < 0) RaiseRuntime(reOverflow, errorSource);
+    return x + std::min<AnyInteger>(length, PictureWidth - x);
+}
+
 ByteArray AGIPicture::VisData() {
+    VisView();
+    return visData_;
+}
+
+ByteArray AGIPicture::PriData() {
+    PriView();
+    return priData_;
+}
+
+ByteView AGIPicture::VisView() {
     RequireLoaded();
     EnsureDrawn();
     return visData_;
 }
 
-ByteArray AGIPicture::PriData() {
+ByteView AGIPicture::PriView() {
     RequireLoaded();
     EnsureDrawn();
     return priData_;
 }
 
-std::uint8_t AGIPicture::VisPixel(std::uint8_t x, std::uint8_t y) {
+std::uint8_t AGIPicture::VisPixel(AnyInteger x, AnyInteger y) {
     RequirePoint(x, y);
     EnsureDrawn();
     return PixelAt(visData_, x, y);
 }
 
-std::uint8_t AGIPicture::PriPixel(std::uint8_t x, std::uint8_t y) {
+std::uint8_t AGIPicture::PriPixel(AnyInteger x, AnyInteger y) {
     RequirePoint(x, y);
     EnsureDrawn();
     return PixelAt(priData_, x, y);
 }
 
-AGIColors AGIPicture::PixelPriority(std::uint8_t x, std::uint8_t y) {
+AGIColors AGIPicture::PixelPriority(AnyInteger x, AnyInteger y) {
     RequirePoint(x, y);
     EnsureDrawn();
     std::uint8_t priority = 0;
-    for (std::int32_t row = y; row < PictureHeight && priority < agCyan; ++row)
+    for (AnyInteger row = y; row < PictureHeight && priority < agCyan; ++row)
         priority = PixelAt(priData_, x, row);
     return static_cast<AGIColors>(priority);
 }
 
-AGIColors AGIPicture::PixelControl(std::uint8_t x, std::uint8_t y, std::uint8_t length) {
+AGIColors AGIPicture::PixelControl(AnyInteger x, AnyInteger y, AnyInteger length) {
     RequirePoint(x, y);
+    const AnyInteger end = EndOfRun(x, length);
     EnsureDrawn();
-    const std::int32_t end = std::min(x + length, PictureWidth);
     std::uint8_t lowest = agWhite;
-    for (std::int32_t column = x; column < end; ++column)
+    for (AnyInteger column = x; column < end; ++column)
         lowest = std::min(lowest, PixelAt(priData_, column, y));
     return static_cast<AGIColors>(lowest);
 }
 
-bool AGIPicture::ObjOnWater(std::uint8_t x, std::uint8_t y, std::uint8_t length) {
+bool AGIPicture::ObjOnWater(AnyInteger x, AnyInteger y, AnyInteger length) {
     RequirePoint(x, y);
+    const AnyInteger end = EndOfRun(x, length);
     EnsureBuilt();
-    const std::int32_t end = std::min(x + length, PictureWidth);
-    for (std::int32_t column = x; column < end; ++column) {
+    for (AnyInteger column = x; column < end; ++column) {
         if (PixelAt(priData_, column, y) != agCyan) return false;
     }
     return true;
@@ -152,26 +173,31 @@ bool AGIPicture::ObjOnWater(std::uint8_t x, std::uint8_t y, std::uint8_t length)
 
 std::int32_t AGIPicture::VisualBMP() {
     RequireLoaded();
-    EnsureBuilt();
-    return visual_.Context;
+    EnsureBitmaps();
+    return visual_.Context();
 }
 
 std::int32_t AGIPicture::PriorityBMP() {
     RequireLoaded();
-    EnsureBuilt();
-    return priority_.Context;
+    EnsureBitmaps();
+    return priority_.Context();
 }
 
 // --- Step by step ---
+std::vector<PictureCommand> AGIPicture::Commands() const {
+    RequireLoaded();
+    return ListPictureCommands(View());
+}
+
 std::int32_t AGIPicture::DrawPos() const {
     RequireLoaded();
     return drawPos_;
 }
 
-void AGIPicture::DrawPos(std::int32_t value) {
+void AGIPicture::DrawPos(AnyInteger value) {
     RequireLoaded();
     if (value == drawPos_) return;
-    drawPos_ = value < 0 ? -1 : std::min(value, Size() - 1);
+    drawPos_ = value < 0 ? -1 : static_cast<std::int32_t>(std::min<AnyInteger>(value, Size() - 1));
     built_ = false;
 }
 
@@ -227,8 +253,10 @@ std::uint8_t AGIPicture::PriBase() {
     return priBase_;
 }
 
-void AGIPicture::PriBase(std::uint8_t value) {
-    SetField(priBase_, std::min(value, maxPriBase));
+void AGIPicture::PriBase(AnyInteger value) {
+    RequireLoaded();
+    if (value < 0) RaiseRuntime(reOverflow, errorSource);
+    SetField(priBase_, static_cast<std::uint8_t>(std::min<AnyInteger>(value, maxPriBase)));
 }
 
 void AGIPicture::ReadBackground() {
@@ -302,10 +330,6 @@ void AGIPicture::Save(std::string_view saveFile) {
     RequireLoaded();
     DataDirty(!Resource().Save(saveFile));
     if (InGame()) WriteSize();
-}
-
-void AGIPicture::TakeFileName(std::string_view path) {
-    SetIDField(CutCharacters(JustFileName(path), maxIDLength));
 }
 
 void AGIPicture::Export(std::string_view exportFile, bool resetDirty) {

@@ -5,8 +5,10 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "zorvex/base/Types.h"
+#include "zorvex/picture/PictureCommands.h"
 #include "zorvex/picture/PictureTypes.h"
 #include "zorvex/platform/Bitmaps.h"
 #include "zorvex/storage/GameResource.h"
@@ -23,7 +25,7 @@ namespace zorvex {
 ///
 /// A new picture is loaded, outside any game, and holds the single byte 0xFF, an empty picture. Members that
 /// need the bytes raise 563 on a picture that is not loaded; those that take a point raise 621 when X is not
-/// below 160 or Y not below 168. Errors carry the source "ZORVEX.agiPicture".
+/// within 0 to 159 or Y not within 0 to 167. Errors carry the source "ZORVEX.agiPicture".
 class AGIPicture final : public GameResource {
   public:
     AGIPicture();
@@ -33,18 +35,23 @@ class AGIPicture final : public GameResource {
     /// Copies of the screens: 26,880 bytes, row by row from the top, each a colour 0 to 15. Raise 563.
     ByteArray VisData();
     ByteArray PriData();
+    /// The same in place, without a copy. They hold until the picture is drawn anew: until its bytes, DrawPos
+    /// or StepDraw change and a member needs the screens, or it is loaded, cleared, copied to or destroyed.
+    /// Raise 563.
+    ByteView VisView();
+    ByteView PriView();
     /// The colour of one pixel of each screen. Raise 563 and 621.
-    std::uint8_t VisPixel(std::uint8_t x, std::uint8_t y);
-    std::uint8_t PriPixel(std::uint8_t x, std::uint8_t y);
+    std::uint8_t VisPixel(AnyInteger x, AnyInteger y);
+    std::uint8_t PriPixel(AnyInteger x, AnyInteger y);
     /// The priority of a point: the first value of 3 or more on the priority screen at the point or below it,
     /// and the bottom row's value if there is none. Raises 563 and 621.
-    AGIColors PixelPriority(std::uint8_t x, std::uint8_t y);
+    AGIColors PixelPriority(AnyInteger x, AnyInteger y);
     /// The lowest value of the priority screen on a run of pixels to the right, cut at the screen's edge. A
-    /// length of 0 gives agWhite. Raises 563 and 621.
-    AGIColors PixelControl(std::uint8_t x, std::uint8_t y, std::uint8_t length = 1);
+    /// length of 0 gives agWhite. Raises 563 and 621, and 6 for a length below 0.
+    AGIColors PixelControl(AnyInteger x, AnyInteger y, AnyInteger length = 1);
     /// True when a run of pixels to the right, cut at the screen's edge, is all water (3) on the priority
-    /// screen. A length of 0 is. Raises 563, 621 and 610.
-    bool ObjOnWater(std::uint8_t x, std::uint8_t y, std::uint8_t length);
+    /// screen. A length of 0 is. Raises 563, 621 and 610, and 6 for a length below 0.
+    bool ObjOnWater(AnyInteger x, AnyInteger y, AnyInteger length);
     /// What was wrong with the stream when it was last drawn: bits of PictureError, 0 for a sound picture.
     /// Needs no load and does not draw.
     std::int32_t BMPErrLevel() const { return errorLevel_; }
@@ -55,10 +62,12 @@ class AGIPicture final : public GameResource {
     std::int32_t PriorityBMP();
 
     // --- Step by step ---
+    /// The commands of the stream, with their positions, operands and faults. Raises 563.
+    std::vector<PictureCommand> Commands() const;
     /// A position of the stream, -1 for its end: where drawing stops if StepDraw, and where CurrentToolStatus
     /// looks at the pen. The setter cuts to the last position. Both raise 563.
     std::int32_t DrawPos() const;
-    void DrawPos(std::int32_t value);
+    void DrawPos(AnyInteger value);
     /// Whether drawing stops at DrawPos. Both raise 563.
     bool StepDraw() const;
     void StepDraw(bool value);
@@ -79,10 +88,10 @@ class AGIPicture final : public GameResource {
     const std::string& BkgdSize() const { return bkgdSize_; }
     void BkgdSize(std::string_view value);
     /// The first row of the priority bands, at most 158. Always 48 outside a game and for interpreters
-    /// before 2.936, which know no other. The setter raises 563. A load does not restore it from the property
-    /// list.
+    /// before 2.936, which know no other. The setter raises 563, and 6 for a value below 0. A load does not
+    /// restore it from the property list.
     std::uint8_t PriBase();
-    void PriBase(std::uint8_t value);
+    void PriBase(AnyInteger value);
 
     // --- The resource ---
     using GameResource::ID;
@@ -115,18 +124,19 @@ class AGIPicture final : public GameResource {
 
   private:
     void BuildBMPs();
-    void DrawScreens();
     void MakeBitmaps();
     void ReleaseBitmaps();
     /// Draws if the screens are stale; raises a failure again.
     void EnsureBuilt();
+    /// As above, and leaves the bitmaps in the services in use.
+    void EnsureBitmaps();
     /// Draws if the screens are stale; a failure is passed over.
     void EnsureDrawn();
-    void RequirePoint(std::uint8_t x, std::uint8_t y) const;
-    std::uint8_t PixelAt(const ByteArray& screen, std::int32_t x, std::int32_t y) const;
+    void RequirePoint(AnyInteger x, AnyInteger y) const;
+    static AnyInteger EndOfRun(AnyInteger x, AnyInteger length);
+    std::uint8_t PixelAt(const ByteArray& screen, AnyInteger x, AnyInteger y) const;
     void ReadBackground();
     void WriteSettings();
-    void TakeFileName(std::string_view path);
     template <class Field, class Value>
     void SetField(Field& field, const Value& value);
 

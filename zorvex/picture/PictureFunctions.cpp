@@ -6,6 +6,7 @@
 
 #include "zorvex/base/Checked.h"
 #include "zorvex/base/Faults.h"
+#include "zorvex/picture/PenRules.h"
 #include "zorvex/picture/PixelWriter.h"
 #include "zorvex/state/LibraryState.h"
 
@@ -23,7 +24,6 @@ constexpr std::array<std::uint8_t, 64> CirclePens{
     0x38, 0x7C, 0x7C, 0x7C, 0xFE, 0xFE, 0xFE, 0xFE, 0xFE, 0x7C, 0x7C, 0x7C, 0x38,               // 6
     0x18, 0x3C, 0x7E, 0x7E, 0x7E, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x7E, 0x7E, 0x7E, 0x3C, 0x18};  // 7
 
-constexpr std::uint8_t FirstCommand = 0xF0;
 constexpr std::int32_t SnapshotTaken = 0x7FFFFFFF;
 constexpr std::int32_t UnhandledInFill = 662;
 
@@ -61,7 +61,7 @@ class PictureRun {
         Next();
         return current_;
     }
-    bool AtCommand() const { return current_ >= FirstCommand; }
+    bool AtCommand() const { return current_ >= FirstPictureCommand; }
     /// True when the current byte begins another pass of a command's operands.
     bool HasOperands() const { return !AtCommand() && pos_ <= endPos_; }
 
@@ -83,13 +83,18 @@ class PictureRun {
 
     void Dispatch() {
         switch (current_) {
-            case dfEnableVis: EnableVisual(); break;
+            case dfEnableVis:
+                Next();
+                level_ |= TakeVisualColor(pen_, current_);
+                Next();
+                break;
             case dfDisableVis:
                 pen_.VisColor = agNone;
                 Next();
                 break;
             case dfEnablePri:
-                pen_.PriColor = static_cast<AGIColors>(Read() & 0x0F);
+                Next();
+                TakePriorityColor(pen_, current_);
                 Next();
                 break;
             case dfDisablePri:
@@ -104,7 +109,11 @@ class PictureRun {
                 Wrapped(UnhandledInFill,
                         [this] { WithWriter([this](const auto& writer) { DrawFill(writer); }); });
                 break;
-            case dfChangePen: ChangePen(); break;
+            case dfChangePen:
+                Next();
+                TakePlotPen(pen_, current_);
+                Next();
+                break;
             case dfPlotPen: WithWriter([this](const auto& writer) { PlotPen(writer); }); break;
             default: Next(); level_ |= peCommand;
         }
@@ -124,25 +133,6 @@ class PictureRun {
         } else {
             command(PixelWriter<false, false>(visual_, priority_, pen_));
         }
-    }
-
-    // --- The pen ---
-    void EnableVisual() {
-        const std::int32_t color = Read();
-        pen_.VisColor = static_cast<AGIColors>(color & 0x0F);
-        if (color > agWhite) {  // the upper nibble leaks into the priority colour
-            pen_.PriColor = static_cast<AGIColors>(pen_.PriColor | (color >> 4));
-            level_ |= peColor;
-        }
-        Next();
-    }
-
-    void ChangePen() {
-        const std::int32_t bits = Read();
-        pen_.PlotStyle = (bits & 0x20) != 0 ? psSplatter : psSolid;
-        pen_.PlotShape = (bits & 0x10) != 0 ? psRectangle : psCircle;
-        pen_.PlotSize = bits & 7;
-        Next();
     }
 
     // --- Lines ---
@@ -183,10 +173,9 @@ class PictureRun {
         std::int32_t y = Read();
         writer.Line(x, y, x, y);
         for (Next(); HasOperands(); Next()) {
-            const std::int32_t right = current_ >> 4 & 7;
-            const std::int32_t down = current_ & 7;
-            const std::int32_t x2 = (current_ & 0x80) != 0 ? x - right : x + right;
-            const std::int32_t y2 = (current_ & 0x08) != 0 ? y - down : y + down;
+            const PicturePoint way = Displacement(current_);
+            const std::int32_t x2 = x + way.x;
+            const std::int32_t y2 = y + way.y;
             writer.Line(x, y, x2, y2);
             x = Narrow<std::uint8_t>(x2, "PictureFunctions");
             y = Narrow<std::uint8_t>(y2, "PictureFunctions");

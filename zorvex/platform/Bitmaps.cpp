@@ -1,6 +1,7 @@
 #include "zorvex/platform/Bitmaps.h"
 
 #include <cstdlib>
+#include <mutex>
 #include <unordered_map>
 #include <utility>
 
@@ -35,6 +36,7 @@ class MemoryBitmaps final : public DeviceBitmaps {
     }
 
     std::int32_t CreateCompatibleDC(std::int32_t like) override {
+        const std::scoped_lock lock(mutex_);
         if (like != 0 && !contexts_.contains(like)) return 0;
         contexts_[nextHandle_] = {};
         return nextHandle_++;
@@ -42,6 +44,7 @@ class MemoryBitmaps final : public DeviceBitmaps {
 
     std::int32_t CreateDIBSection(std::int32_t dc, const BitmapHeader& header,
                                   std::span<const BitmapColor> colors, std::uint8_t*& bits) override {
+        const std::scoped_lock lock(mutex_);
         if (dc != 0 && !contexts_.contains(dc)) return 0;
         if (!IsMakeable(header)) return 0;
         Bitmap bitmap{header, {colors.begin(), colors.end()}, {}};
@@ -52,6 +55,7 @@ class MemoryBitmaps final : public DeviceBitmaps {
     }
 
     std::int32_t SelectObject(std::int32_t dc, std::int32_t object) override {
+        const std::scoped_lock lock(mutex_);
         const auto context = contexts_.find(dc);
         if (context == contexts_.end()) return 0;
         if (object != StockBitmap && !bitmaps_.contains(object)) return 0;
@@ -60,17 +64,23 @@ class MemoryBitmaps final : public DeviceBitmaps {
     }
 
     std::uint32_t SetBkColor(std::int32_t dc, std::uint32_t color) override {
+        const std::scoped_lock lock(mutex_);
         const auto context = contexts_.find(dc);
         return context == contexts_.end() ? 0 : std::exchange(context->second.background, color);
     }
 
     bool DeleteObject(std::int32_t object) override {
+        const std::scoped_lock lock(mutex_);
         return !IsSelected(object) && bitmaps_.erase(object) != 0;
     }
 
-    bool DeleteDC(std::int32_t dc) override { return contexts_.erase(dc) != 0; }
+    bool DeleteDC(std::int32_t dc) override {
+        const std::scoped_lock lock(mutex_);
+        return contexts_.erase(dc) != 0;
+    }
 
     std::optional<BitmapView> Look(std::int32_t dc) const override {
+        const std::scoped_lock lock(mutex_);
         const auto context = contexts_.find(dc);
         if (context == contexts_.end()) return std::nullopt;
         const auto found = bitmaps_.find(context->second.bitmap);
@@ -79,12 +89,16 @@ class MemoryBitmaps final : public DeviceBitmaps {
     }
 
     std::optional<std::uint32_t> BkColor(std::int32_t dc) const override {
+        const std::scoped_lock lock(mutex_);
         const auto context = contexts_.find(dc);
         if (context == contexts_.end()) return std::nullopt;
         return context->second.background;
     }
 
-    std::size_t LiveHandles() const override { return contexts_.size() + bitmaps_.size(); }
+    std::size_t LiveHandles() const override {
+        const std::scoped_lock lock(mutex_);
+        return contexts_.size() + bitmaps_.size();
+    }
 
   private:
     struct Context {
@@ -104,28 +118,42 @@ class MemoryBitmaps final : public DeviceBitmaps {
         return false;
     }
 
+    mutable std::mutex mutex_;
     std::unordered_map<std::int32_t, Context> contexts_;
     std::unordered_map<std::int32_t, Bitmap> bitmaps_;
     Bitmap stock_;
     std::int32_t nextHandle_ = FirstHandle;
 };
 
-/// Never destroyed: a picture or cel with static lifetime releases its bitmaps when the program ends.
-std::shared_ptr<DeviceBitmaps>& BitmapsInUse() {
-    static auto& bitmaps = *new std::shared_ptr<DeviceBitmaps>(MakeMemoryBitmaps());
-    return bitmaps;
+/// The services in use, with the lock that guards the pointer. Never destroyed: a picture or cel with static
+/// lifetime makes bitmaps until the program ends.
+struct Slot {
+    std::mutex mutex;
+    std::shared_ptr<DeviceBitmaps> services = MakeMemoryBitmaps();
+};
+
+Slot& TheSlot() {
+    static auto& slot = *new Slot;
+    return slot;
 }
 
 }  // namespace
+
+std::shared_ptr<DeviceBitmaps> BitmapsInUse() {
+    Slot& slot = TheSlot();
+    const std::scoped_lock lock(slot.mutex);
+    return slot.services;
+}
 
 DeviceBitmaps& Bitmaps() {
     return *BitmapsInUse();
 }
 
 std::shared_ptr<DeviceBitmaps> UseBitmaps(std::shared_ptr<DeviceBitmaps> bitmaps) {
-    std::shared_ptr<DeviceBitmaps> before = BitmapsInUse();
-    BitmapsInUse() = bitmaps ? std::move(bitmaps) : MakeMemoryBitmaps();
-    return before;
+    if (!bitmaps) bitmaps = MakeMemoryBitmaps();
+    Slot& slot = TheSlot();
+    const std::scoped_lock lock(slot.mutex);
+    return std::exchange(slot.services, std::move(bitmaps));
 }
 
 std::shared_ptr<DeviceBitmaps> MakeMemoryBitmaps() {
@@ -133,28 +161,36 @@ std::shared_ptr<DeviceBitmaps> MakeMemoryBitmaps() {
 }
 
 bool BitmapSection::Make(const BitmapHeader& header, std::span<const BitmapColor> colors) {
-    Context = Bitmaps().CreateCompatibleDC(0);
-    if (Context == 0) return false;
-    Bitmap = Bitmaps().CreateDIBSection(Context, header, colors, Bits);
-    if (Bitmap == 0) return false;
-    Displaced = Bitmaps().SelectObject(Context, Bitmap);
-    return Displaced != 0;
+    Release();
+    services_ = BitmapsInUse();
+    context_ = services_->CreateCompatibleDC(0);
+    if (context_ == 0) return false;
+    bitmap_ = services_->CreateDIBSection(context_, header, colors, bits_);
+    if (bitmap_ == 0) return false;
+    displaced_ = services_->SelectObject(context_, bitmap_);
+    return displaced_ != 0;
 }
 
 void BitmapSection::Restore() {
-    if (Displaced != 0) Bitmaps().SelectObject(Context, Displaced);
-    Displaced = 0;
+    if (displaced_ != 0) services_->SelectObject(context_, displaced_);
+    displaced_ = 0;
 }
 
 void BitmapSection::DeleteBitmap() {
-    if (Bitmap != 0) Bitmaps().DeleteObject(Bitmap);
-    Bitmap = 0;
-    Bits = nullptr;
+    if (bitmap_ != 0) services_->DeleteObject(bitmap_);
+    bitmap_ = 0;
+    bits_ = nullptr;
 }
 
 void BitmapSection::DeleteContext() {
-    if (Context != 0) Bitmaps().DeleteDC(Context);
-    Context = 0;
+    if (context_ != 0) services_->DeleteDC(context_);
+    context_ = 0;
+}
+
+void BitmapSection::Release() {
+    Restore();
+    DeleteBitmap();
+    DeleteContext();
 }
 
 }  // namespace zorvex

@@ -49,8 +49,9 @@ struct BitmapView {
     std::size_t Stride = 0;
 };
 
-/// The bitmap services of the system. Handles are 32-bit values, 0 is none. An operation that fails returns 0
-/// (false) and changes nothing.
+/// The bitmap services of the system. Threads that work with objects of their own share the services in use,
+/// so an implementation must take calls from several threads at once. Handles are 32-bit values, 0 is none.
+/// An operation that fails returns 0 (false) and changes nothing.
 class DeviceBitmaps {
   public:
     virtual ~DeviceBitmaps() = default;
@@ -80,30 +81,48 @@ class DeviceBitmaps {
     virtual std::size_t LiveHandles() const = 0;
 };
 
-/// The bitmap services in use.
+/// The bitmap services in use, for the whole program. The first holds until others are put in use.
 DeviceBitmaps& Bitmaps();
+std::shared_ptr<DeviceBitmaps> BitmapsInUse();
 /// Puts other services in use and returns those used before; an empty pointer restores the usual ones.
-/// Handles belong to the services that made them.
+/// Handles belong to the services that made them: what has bitmaps keeps those services, and releases there
+/// what it has of them.
 std::shared_ptr<DeviceBitmaps> UseBitmaps(std::shared_ptr<DeviceBitmaps> bitmaps);
-/// New services that keep everything in memory.
+/// New services that keep everything in memory. Two threads may use them at once.
 std::shared_ptr<DeviceBitmaps> MakeMemoryBitmaps();
 
-/// A context with a bitmap of our own in it, as pictures and cels keep them. A plain record: it frees nothing
-/// by itself.
-struct BitmapSection {
-    std::int32_t Context = 0;
-    std::int32_t Bitmap = 0;
-    std::int32_t Displaced = 0;  // what the bitmap displaced, to be put back before the release
-    std::uint8_t* Bits = nullptr;
+/// A context with a bitmap of our own in it, as pictures and cels keep them. It owns both, and releases them
+/// in the services that made them.
+class BitmapSection {
+  public:
+    BitmapSection() = default;
+    ~BitmapSection() { Release(); }
+    BitmapSection(const BitmapSection&) = delete;
+    BitmapSection& operator=(const BitmapSection&) = delete;
 
-    bool Exists() const { return Context != 0; }
-    /// Makes the context and the bitmap and puts one into the other. False at the first step that fails; what
-    /// was made until then stays in the record for the release.
+    std::int32_t Context() const { return context_; }
+    std::uint8_t* Bits() const { return bits_; }
+    /// The services that made it; none before the first Make.
+    const std::shared_ptr<DeviceBitmaps>& Services() const { return services_; }
+    /// True for one that exists, made by the services in use.
+    bool IsCurrent() const { return context_ != 0 && services_ == BitmapsInUse(); }
+
+    /// Makes the context and the bitmap and puts one into the other, in the services in use, after a release
+    /// of what was there. False at the first step that fails; what was made until then stays for the release.
     bool Make(const BitmapHeader& header, std::span<const BitmapColor> colors);
-    /// Puts the displaced object back.
+    /// Puts back what the bitmap displaced: the first step of a release. Each step does nothing where there
+    /// is nothing to do.
     void Restore();
     void DeleteBitmap();
     void DeleteContext();
+    void Release();
+
+  private:
+    std::shared_ptr<DeviceBitmaps> services_;
+    std::int32_t context_ = 0;
+    std::int32_t bitmap_ = 0;
+    std::int32_t displaced_ = 0;  // what the bitmap displaced, to be put back before the release
+    std::uint8_t* bits_ = nullptr;
 };
 
 }  // namespace zorvex

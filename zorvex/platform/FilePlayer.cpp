@@ -31,6 +31,7 @@ bool TakeWord(std::string_view& text, std::string_view word) {
 }  // namespace
 
 std::int32_t FilePlayer::SendString(std::string_view command, const std::shared_ptr<NoticeWindow>& callback) {
+    const std::scoped_lock lock(mutex_);
     if (EqualNoCase(Trim(command), "close all")) {
         CloseAll();
         return meNone;
@@ -41,6 +42,7 @@ std::int32_t FilePlayer::SendString(std::string_view command, const std::shared_
 }
 
 std::string FilePlayer::ErrorText(std::int32_t code) const {
+    const std::scoped_lock lock(mutex_);
     if (code < 0 || std::cmp_greater_equal(code, errorTexts.size())) return "Unknown error";
     std::string text(errorTexts[static_cast<std::size_t>(code)]);
     const bool hasDetail = code == meNoAudio || code == meBadSoundFont || code == meFormat || code == mePlay;
@@ -85,8 +87,11 @@ MediaError FilePlayer::Play(std::string_view arguments, const std::shared_ptr<No
     const MediaError error = StartPlaying();
     if (error == meNone && notify && callback != nullptr) {
         window_ = callback;
-        watch_ = window_->AddWatch([this]() -> std::optional<Notice> {
-            const std::optional<std::int32_t> ended = Ended();
+        watch_ = window_->AddWatch([weak = weak_from_this()]() -> std::optional<Notice> {
+            const std::shared_ptr<FilePlayer> player = weak.lock();
+            if (player == nullptr) return std::nullopt;
+            const std::scoped_lock lock(player->mutex_);
+            const std::optional<std::int32_t> ended = player->Ended();
             if (!ended) return std::nullopt;
             return Notice{MediaNotice, *ended, 0};
         });

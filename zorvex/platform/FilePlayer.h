@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -26,7 +28,7 @@ enum MediaError : std::int32_t {
 };
 
 /// Takes the command strings apart and leaves opening, playing and closing one file to the player proper.
-class FilePlayer : public Media {
+class FilePlayer : public Media, public std::enable_shared_from_this<FilePlayer> {
   public:
     std::int32_t SendString(std::string_view command, const std::shared_ptr<NoticeWindow>& callback) override;
     std::string ErrorText(std::int32_t code) const override;
@@ -51,6 +53,7 @@ class FilePlayer : public Media {
     MediaError Open(std::string_view arguments);
     MediaError Play(std::string_view arguments, const std::shared_ptr<NoticeWindow>& callback);
 
+    mutable std::mutex mutex_;  // a pump of the window asks from another thread, perhaps
     std::optional<std::string> alias_;
     std::shared_ptr<NoticeWindow> window_;  // while playing with notice
     std::int32_t watch_ = 0;

@@ -1,26 +1,37 @@
 #include "zorvex/platform/Media.h"
 
+#include <mutex>
+
 #include "zorvex/platform/FilePlayer.h"
 
 namespace zorvex {
 
 namespace {
 
-std::shared_ptr<Media>& MediaSlot() {
-    static std::shared_ptr<Media> media;
-    return media;
+/// The player in use, with the lock that guards the pointer.
+struct Slot {
+    std::mutex mutex;
+    std::shared_ptr<Media> media;
+};
+
+Slot& TheSlot() {
+    static Slot slot;
+    return slot;
 }
 
 }  // namespace
 
 std::shared_ptr<Media> MediaInUse() {
-    std::shared_ptr<Media>& media = MediaSlot();
-    if (media == nullptr) media = MakeSystemMedia();
-    return media;
+    Slot& slot = TheSlot();
+    const std::scoped_lock lock(slot.mutex);
+    if (slot.media == nullptr) slot.media = MakeSystemMedia();
+    return slot.media;
 }
 
 std::shared_ptr<Media> UseMedia(std::shared_ptr<Media> media) {
-    return std::exchange(MediaSlot(), std::move(media));
+    Slot& slot = TheSlot();
+    const std::scoped_lock lock(slot.mutex);
+    return std::exchange(slot.media, std::move(media));
 }
 
 std::shared_ptr<Media> MakeSystemMedia() {

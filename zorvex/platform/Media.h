@@ -16,7 +16,8 @@
 
 namespace zorvex {
 
-/// A player. None of its members raises an error or waits for a sound to end.
+/// A player. None of its members raises an error or waits for a sound to end. The whole program has one in
+/// use, and threads may take turns with it.
 class Media {
   public:
     virtual ~Media() = default;

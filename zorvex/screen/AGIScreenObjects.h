@@ -5,6 +5,7 @@
 #include <memory>
 #include <utility>
 
+#include "zorvex/base/Checked.h"
 #include "zorvex/base/Types.h"
 
 namespace zorvex {
@@ -12,8 +13,8 @@ namespace zorvex {
 class AGIView;
 
 /// A plain record for a host that shows or plays a game; nothing in the library reads it. A new one is all
-/// zero. Setters store what they get without a test. The motions are names for a host's own use: they do
-/// nothing here.
+/// zero. Setters store what they get; those of a byte raise 6 for what is none. The motions are names for a
+/// host's own use: they do nothing here.
 class AGIScreenObjects {
   public:
     void Wander() const {}
@@ -33,7 +34,7 @@ class AGIScreenObjects {
     void StopMotion() const {}
 
     std::uint8_t Restriction() const { return restriction_; }
-    void Restriction(std::uint8_t value) { restriction_ = value; }
+    void Restriction(AnyInteger value) { restriction_ = Byte(value); }
     bool IgnoreBlocks() const { return ignoreBlocks_; }
     void IgnoreBlocks(bool value) { ignoreBlocks_ = value; }
     bool IgnoreHorizon() const { return ignoreHorizon_; }
@@ -41,22 +42,22 @@ class AGIScreenObjects {
     bool IgnoreObjects() const { return ignoreObjects_; }
     void IgnoreObjects(bool value) { ignoreObjects_ = value; }
     std::uint8_t StepTime() const { return stepTime_; }
-    void StepTime(std::uint8_t value) { stepTime_ = value; }
+    void StepTime(AnyInteger value) { stepTime_ = Byte(value); }
     std::uint8_t StepSize() const { return stepSize_; }
-    void StepSize(std::uint8_t value) { stepSize_ = value; }
+    void StepSize(AnyInteger value) { stepSize_ = Byte(value); }
     std::uint8_t CycleTime() const { return cycleTime_; }
-    void CycleTime(std::uint8_t value) { cycleTime_ = value; }
+    void CycleTime(AnyInteger value) { cycleTime_ = Byte(value); }
     std::uint8_t Y() const { return y_; }
-    void Y(std::uint8_t value) { y_ = value; }
+    void Y(AnyInteger value) { y_ = Byte(value); }
     std::uint8_t X() const { return x_; }
-    void X(std::uint8_t value) { x_ = value; }
+    void X(AnyInteger value) { x_ = Byte(value); }
     /// One of ObjDirection.
     std::uint8_t Direction() const { return direction_; }
-    void Direction(std::uint8_t value) { direction_ = value; }
+    void Direction(AnyInteger value) { direction_ = Byte(value); }
     std::uint8_t CurCel() const { return curCel_; }
-    void CurCel(std::uint8_t value) { curCel_ = value; }
+    void CurCel(AnyInteger value) { curCel_ = Byte(value); }
     std::uint8_t CurLoop() const { return curLoop_; }
-    void CurLoop(std::uint8_t value) { curLoop_ = value; }
+    void CurLoop(AnyInteger value) { curLoop_ = Byte(value); }
     /// The view of the object, or none. The record keeps it alive.
     const std::shared_ptr<AGIView>& View() const { return view_; }
     void View(std::shared_ptr<AGIView> value) { view_ = std::move(value); }
@@ -64,6 +65,10 @@ class AGIScreenObjects {
     void Priority(AGIColors value) { priority_ = value; }
 
   private:
+    static std::uint8_t Byte(AnyInteger value) {
+        return Narrow<std::uint8_t>(value, "ZORVEX.AGIScreenObjects");
+    }
+
     std::shared_ptr<AGIView> view_;
     std::uint8_t restriction_ = 0;
     bool ignoreBlocks_ = false;

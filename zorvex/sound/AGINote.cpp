@@ -11,25 +11,25 @@ constexpr std::int32_t maxAttenuation = 15;
 constexpr std::int32_t maxDuration = 65535;
 constexpr std::int32_t maxFreqDivisor = 1023;
 
-void RequireRange(std::int32_t value, std::int32_t max) {
+void RequireRange(AnyInteger value, AnyInteger max) {
     if (value < 0 || value > max) RaiseRuntime(reOverflow, AGINote::ErrorSource);
 }
 
 }  // namespace
 
-void AGINote::Attenuation(std::int32_t value) {
+void AGINote::Attenuation(AnyInteger value) {
     RequireRange(value, maxAttenuation);
     attenuation_ = static_cast<std::int16_t>(value);
     if (owner_ != nullptr) owner_->NoteChanged(false);
 }
 
-void AGINote::Duration(std::int32_t value) {
+void AGINote::Duration(AnyInteger value) {
     RequireRange(value, maxDuration);
-    duration_ = value;
+    duration_ = static_cast<std::int32_t>(value);
     if (owner_ != nullptr) owner_->NoteChanged(true);
 }
 
-void AGINote::FreqDivisor(std::int32_t value) {
+void AGINote::FreqDivisor(AnyInteger value) {
     RequireRange(value, maxFreqDivisor);
     freqDivisor_ = static_cast<std::int16_t>(value);
     if (owner_ != nullptr) owner_->NoteChanged(false);

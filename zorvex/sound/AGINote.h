@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "zorvex/base/Types.h"
+
 namespace zorvex {
 
 class AGINotes;
@@ -22,14 +24,14 @@ class AGINote {
 
     /// 0 (loudest) to 15 (silent); each step is two decibels on the sound chip.
     std::int16_t Attenuation() const { return attenuation_; }
-    void Attenuation(std::int32_t value);
+    void Attenuation(AnyInteger value);
     /// Sixtieths of a second, 0 to 65535.
     std::int32_t Duration() const { return duration_; }
-    void Duration(std::int32_t value);
+    void Duration(AnyInteger value);
     /// 0 to 1023. A tone sounds at 111860 / FreqDivisor hertz, and 0 is a rest. For noise, bit 2 tells white
     /// (set) from periodic noise and bits 0 and 1 select the rate; rate 3 follows the tone of track 2.
     std::int16_t FreqDivisor() const { return freqDivisor_; }
-    void FreqDivisor(std::int32_t value);
+    void FreqDivisor(AnyInteger value);
 
   private:
     friend class AGINotes;

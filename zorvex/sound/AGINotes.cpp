@@ -12,14 +12,13 @@ AGINotes::~AGINotes() {
         Forget(*note);
 }
 
-std::shared_ptr<AGINote> AGINotes::Add(std::int32_t freqDivisor, std::int32_t duration,
-                                       std::int32_t attenuation, std::int32_t insertPos) {
+std::shared_ptr<AGINote> AGINotes::Add(AnyInteger freqDivisor, AnyInteger duration, AnyInteger attenuation,
+                                       AnyInteger insertPos) {
     auto note = std::make_shared<AGINote>();
     Attempt([&] { note->FreqDivisor(freqDivisor); });
     Attempt([&] { note->Duration(duration); });
     Attempt([&] { note->Attenuation(attenuation); });
-    const bool atEnd = insertPos < 0 || insertPos >= Count();
-    notes_.insert(atEnd ? notes_.end() : notes_.begin() + insertPos, note);
+    notes_.insert(notes_.begin() + PlaceOrEnd(insertPos, Count()), note);
     note->owner_ = this;
     NoteChanged(true);
     return note;
@@ -32,11 +31,11 @@ void AGINotes::Clear() {
     NoteChanged(true);
 }
 
-std::shared_ptr<AGINote> AGINotes::Item(std::int32_t index) const {
+std::shared_ptr<AGINote> AGINotes::Item(AnyInteger index) const {
     return At(notes_, index, ErrorSource);
 }
 
-void AGINotes::Remove(std::int32_t index) {
+void AGINotes::Remove(AnyInteger index) {
     Forget(*At(notes_, index, ErrorSource));
     notes_.erase(notes_.begin() + index);
     NoteChanged(true);

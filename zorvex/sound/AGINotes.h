@@ -27,16 +27,18 @@ class AGINotes {
     /// Puts a new note before the one at `insertPos`, or at the end when that is no position of a note, and
     /// returns it. A value that the note refuses is passed over: the field stays 0 and the note is added all
     /// the same.
-    std::shared_ptr<AGINote> Add(std::int32_t freqDivisor, std::int32_t duration, std::int32_t attenuation,
-                                 std::int32_t insertPos = -1);
+    std::shared_ptr<AGINote> Add(AnyInteger freqDivisor, AnyInteger duration, AnyInteger attenuation,
+                                 AnyInteger insertPos = -1);
     /// Removes all notes.
     void Clear();
     std::int32_t Count() const { return static_cast<std::int32_t>(notes_.size()); }
     /// The note at an index. Raises 9, "Subscript out of range".
-    std::shared_ptr<AGINote> Item(std::int32_t index) const;
+    std::shared_ptr<AGINote> Item(AnyInteger index) const;
     /// Removes the note at an index. Raises 9, "Subscript out of range".
-    void Remove(std::int32_t index);
+    void Remove(AnyInteger index);
 
+    std::size_t size() const { return notes_.size(); }
+    bool empty() const { return notes_.empty(); }
     /// Walks the notes in order. The notes must not change on the way.
     auto begin() const { return notes_.begin(); }
     auto end() const { return notes_.end(); }

@@ -4,7 +4,6 @@
 #include "zorvex/base/Faults.h"
 #include "zorvex/base/HostText.h"
 #include "zorvex/base/Internal.h"
-#include "zorvex/base/PathText.h"
 #include "zorvex/base/Text.h"
 #include "zorvex/platform/FileSystem.h"
 #include "zorvex/platform/WholeFile.h"
@@ -22,13 +21,13 @@ constexpr std::int32_t maxKey = 7;
 constexpr std::int32_t defaultTPQN = 16;
 constexpr std::int32_t minTPQN = 4;
 constexpr std::int32_t maxTPQN = 64;
-constexpr std::size_t maxIDLength = 64;
 constexpr std::string_view instrumentKey = "Inst";
 constexpr std::string_view muteKey = "Mute";
 constexpr std::string_view visibleKey = "Visible";
 constexpr std::int32_t cannotConvert = ObjectErrorBase + 596;
 
-std::int32_t WholeQuarters(std::int32_t ticks) {
+template <class Ticks>
+Ticks WholeQuarters(Ticks ticks) {
     return ticks / 4 * 4;
 }
 
@@ -50,7 +49,7 @@ SoundFormat FormatByName(std::string_view path) {
 
 }  // namespace
 
-AGISound::AGISound() : GameResource(rtSound, SourceText) {
+AGISound::AGISound() : GameResource(rtSound, SoundErrorSource) {
     Resource().NewResource();
     Resource().SetAllData(EmptySoundBytes());
     NewTracks(DefaultInstrument);
@@ -61,23 +60,23 @@ AGISound::AGISound() : GameResource(rtSound, SourceText) {
 }
 
 AGISound::~AGISound() {
-    if (const auto player = std::move(player_)) player->Stop();
+    if (const auto player = std::move(player_)) player->Forget(*this);
     ReleaseTracks();
 }
 
 // --- Settings and change ---
-void AGISound::Key(std::int32_t value) {
+void AGISound::Key(AnyInteger value) {
     if (value < -maxKey || value > maxKey) RaiseRuntime(reInvalidPropertyValue, ErrorSource());
     if (value == key_) return;
-    key_ = value;
+    key_ = static_cast<std::int32_t>(value);
     WritePropState(true);
 }
 
-void AGISound::TPQN(std::int32_t value) {
-    const std::int32_t ticks = WholeQuarters(value);
+void AGISound::TPQN(AnyInteger value) {
+    const AnyInteger ticks = WholeQuarters(value);
     if (ticks < minTPQN || ticks > maxTPQN) RaiseRuntime(reInvalidPropertyValue, ErrorSource());
     if (ticks == tpqn_) return;
-    tpqn_ = ticks;
+    tpqn_ = static_cast<std::int32_t>(ticks);
     WritePropState(true);
 }
 
@@ -114,7 +113,7 @@ void AGISound::NewTracks(std::uint8_t instrument) {
     }
 }
 
-std::shared_ptr<AGITrack> AGISound::Track(std::int32_t index) {
+std::shared_ptr<AGITrack> AGISound::Track(AnyInteger index) {
     if (index < 0 || std::cmp_greater_equal(index, TrackCount)) {
         RaiseText(reSubscript, ErrorSource(), "Index out of bounds");
     }
@@ -352,7 +351,7 @@ void AGISound::Export(std::string_view exportFile, SoundFormat fileFormat, bool 
     const std::string path = InnerPath(exportFile);
     const bool isGiven = fileFormat == sfAGI || fileFormat == sfMIDI || fileFormat == sfScript;
     Guarded([&] { ExportAs(isGiven ? fileFormat : FormatByName(path), path, resetDirty); }, [] {});
-    if (!InGame()) SetIDField(CutCharacters(JustFileName(path), maxIDLength));
+    if (!InGame()) TakeFileName(path);
 }
 
 void AGISound::ExportAs(SoundFormat format, const std::string& path, bool resetDirty) {
@@ -405,7 +404,7 @@ void AGISound::Import(std::string_view importFile) {
     }
     tpqn_ = defaultTPQN;
     key_ = 0;
-    SetIDField(CutCharacters(JustFileName(path), maxIDLength));
+    TakeFileName(path);
     const bool done = KindOfSound(file) == skPCjr ? ImportRaw(path) : ImportScript(file);
     if (!done) return;
     DataDirty(false);
@@ -451,7 +450,7 @@ bool AGISound::ImportScript(ByteView file) {
 void AGISound::PlaySound() {
     RequireLoaded();
     const std::shared_ptr<frmSndSubclass> player = SoundPlayer();
-    if (player->PlayingSound()) RaiseCatalogue(629, ErrorSource());
+    if (frmSndSubclass::PlayingSound()) RaiseCatalogue(629, ErrorSource());
     if (!outputSet_) Guarded([&] { BuildSoundOutput(); }, [] {});
     Guarded([&] { player->PlaySound(*this); }, [] {});
     if (!InGame()) player_ = player;

@@ -39,11 +39,9 @@ enum SoundFormat : std::uint8_t {
 ///
 /// A new sound belongs to no game, is loaded and has no notes. All members that need the bytes raise 563 on a
 /// sound that is not loaded, before anything else. A fault of an inner step passes with its own number,
-/// source and text.
+/// source and text; other errors carry the source "ZORVEX.agiSound".
 class AGISound : public GameResource, public std::enable_shared_from_this<AGISound> {
   public:
-    static constexpr std::string_view SourceText = "ZORVEX.agiSound";
-
     AGISound();
     /// Stops the sound if it is playing.
     ~AGISound() override;
@@ -56,11 +54,11 @@ class AGISound : public GameResource, public std::enable_shared_from_this<AGISou
     /// Key signature for hosts, -7 (flats) to 7 (sharps); 0 in a new sound. Raises 380, "Invalid property
     /// Value".
     std::int32_t Key() const { return key_; }
-    void Key(std::int32_t value);
+    void Key(AnyInteger value);
     /// Ticks per quarter note for hosts, a multiple of 4 from 4 to 64; 16 in a new sound. The setter takes
     /// the next multiple towards 0 and raises 380, "Invalid property Value", when that is out of range.
     std::int32_t TPQN() const { return tpqn_; }
-    void TPQN(std::int32_t value);
+    void TPQN(AnyInteger value);
     /// The kind of resource as found at the last Load: 1, 2 or 3, and 0 while not loaded.
     std::int32_t SndFormat() const { return Loaded() ? sndFormat_ : 0; }
     bool IsDirty() const override { return DataDirty() || WritePropState(); }
@@ -69,7 +67,7 @@ class AGISound : public GameResource, public std::enable_shared_from_this<AGISou
     /// One of the four tracks; 3 is noise. Raises 9, "Index out of bounds", even when not loaded. Reads the
     /// notes from the bytes first where those have changed, which raises 598 for tracks that lie outside the
     /// resource and 565 for any other fault.
-    std::shared_ptr<AGITrack> Track(std::int32_t index);
+    std::shared_ptr<AGITrack> Track(AnyInteger index);
     /// Seconds, or -1 when not loaded: of the longest track that is not muted, of the sample, or of the
     /// sequence. Kept until something that it depends on changes.
     float Length();
@@ -110,10 +108,11 @@ class AGISound : public GameResource, public std::enable_shared_from_this<AGISou
     std::int32_t ImportErrorLine() const { return importErrorLine_; }
 
     // --- Playing ---
-    /// Starts playing and returns. Raises 629 while another sound plays, and 678 or 628 with the system's own
-    /// words when the sound cannot be opened or played. SoundComplete tells of the end.
+    /// Starts playing and returns. Raises 629 while another sound plays, in whatever thread, and 678 or 628
+    /// with the system's own words when the sound cannot be opened or played. SoundComplete tells of the end.
     void PlaySound();
-    /// Stops the playing sound, be it this one or another. Does nothing while none plays.
+    /// Stops the sound that this thread plays, be it this one or another. Does nothing while none plays, nor
+    /// in a handler of SoundComplete, where play has ended already.
     void StopSound();
 
     // --- For the library ---

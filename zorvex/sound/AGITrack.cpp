@@ -21,7 +21,7 @@ AGITrack::~AGITrack() {
     notes_->track_ = nullptr;
 }
 
-void AGITrack::Instrument(std::int32_t value) {
+void AGITrack::Instrument(AnyInteger value) {
     const auto instrument = Narrow<std::uint8_t>(value, ErrorSource);
     if (instrument > maxInstrument) RaiseRuntime(reInvalidPropertyValue, ErrorSource);
     if (instrument == instrument_) return;

@@ -27,7 +27,7 @@ class AGITrack {
     /// The program number of the MIDI file, 0 to 127; the noise track does not use it. Raises 380, "Invalid
     /// property Value", from 128 up, and 6 for what is no byte.
     std::uint8_t Instrument() const { return instrument_; }
-    void Instrument(std::int32_t value);
+    void Instrument(AnyInteger value);
     /// True keeps the track out of MIDI files, of playback and of the sound's length. It is saved all the
     /// same.
     bool Muted() const { return muted_; }

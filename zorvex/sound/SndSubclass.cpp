@@ -1,12 +1,13 @@
 #include "zorvex/sound/SndSubclass.h"
 
+#include <atomic>
+
 #include "zorvex/base/Faults.h"
 #include "zorvex/base/Text.h"
 #include "zorvex/platform/FileQueries.h"
 #include "zorvex/platform/FileSystem.h"
 #include "zorvex/sound/AGISound.h"
 #include "zorvex/sound/SoundData.h"
-#include "zorvex/state/LibraryState.h"
 
 namespace zorvex {
 
@@ -14,57 +15,84 @@ namespace {
 
 constexpr std::int32_t openFailed = ObjectErrorBase + 678;
 
+/// The form that has the player, of whatever thread.
+std::atomic<const frmSndSubclass*> playing = nullptr;
+
+std::weak_ptr<frmSndSubclass>& FormOfThread() {
+    thread_local std::weak_ptr<frmSndSubclass> form;
+    return form;
+}
+
 }  // namespace
 
 frmSndSubclass::frmSndSubclass() : window_(MainNoticeWindow()) {
-    oldWndProc_ = window_->SetProcedure([this](const Notice& notice) { return SndSubclassProc(notice); });
+    hook_ = window_->Hook([this](const Notice& notice) { return SndSubclassProc(notice); });
 }
 
 frmSndSubclass::~frmSndSubclass() {
+    hook_.Reset();
     Attempt([&] { Stop(); });
-    window_->SetProcedure(oldWndProc_);
+}
+
+bool frmSndSubclass::PlayingSound() {
+    return playing != nullptr;
+}
+
+bool frmSndSubclass::IsPlaying() const {
+    return playing == this;
 }
 
 void frmSndSubclass::PlaySound(AGISound& sound) {
+    const frmSndSubclass* none = nullptr;
+    if (!playing.compare_exchange_strong(none, this)) RaiseCatalogue(629, SoundErrorSource);
+    Guarded([&] { Start(sound); },
+            [&] {
+                CloseAll();
+                Finish();
+            });
+}
+
+void frmSndSubclass::Start(AGISound& sound) {
     const std::string alias = ReplaceAll(sound.ID(), " ", "_");
     Attempt([&] { file_ = TempFileName(); });
     Attempt([&] { Files().Write(file_, sound.MIDIData()); });
     std::string path = file_;
     Attempt([&] { path = Files().ShortPath(file_); });
-    media_ = MediaInUse();
+    const std::shared_ptr<Media> media = MediaInUse();
     const std::string_view device = sound.SndFormat() == skIIgsPCM ? "waveaudio" : "sequencer";
     const std::int32_t opened =
-        media_->SendString("open " + path + " type " + std::string(device) + " alias " + alias, nullptr);
-    if (opened != 0) {
-        RemoveFile();
-        RaiseText(openFailed, ErrorSource, Trim(media_->ErrorText(opened)));
-    }
-    playingSound_ = true;
+        media->SendString("open " + path + " type " + std::string(device) + " alias " + alias, nullptr);
+    if (opened != 0) RaiseText(openFailed, ErrorSource, Trim(media->ErrorText(opened)));
+    media_ = media;
     soundObj_ = &sound;
     if (sound.InGame()) keep_ = sound.weak_from_this().lock();
     const std::int32_t played = media_->SendString("play " + alias + " notify", window_);
-    if (played != 0) {
-        const std::string text = media_->ErrorText(played);
-        Stop();
-        RaiseCatalogue(628, ErrorSource, Trim(text));
-    }
+    if (played != 0) RaiseCatalogue(628, ErrorSource, Trim(media_->ErrorText(played)));
 }
 
 void frmSndSubclass::Stop() {
-    if (!playingSound_) return;
+    if (!IsPlaying() || telling_) return;
     CloseAll();
     Finish();
 }
 
+void frmSndSubclass::Forget(const AGISound& sound) {
+    if (soundObj_ != &sound) return;
+    if (telling_) soundObj_ = nullptr;
+    Stop();
+}
+
+/// Closes what was opened, and leaves the player to others.
 void frmSndSubclass::CloseAll() {
     if (media_ != nullptr) media_->SendString("close all", nullptr);
+    media_.reset();
     RemoveFile();
 }
 
 void frmSndSubclass::Finish() {
     AGISound* sound = std::exchange(soundObj_, nullptr);
     const std::shared_ptr<AGISound> kept = std::move(keep_);
-    playingSound_ = false;
+    playing = nullptr;
     if (sound != nullptr) sound->PlayEnded();
 }
 
@@ -73,31 +101,32 @@ void frmSndSubclass::RemoveFile() {
     file_.clear();
 }
 
-// The sound is told before the state goes back to idle, so a handler that starts the next sound is refused.
+// The sound is told before the state goes back to idle, so a handler that starts the next sound is refused,
+// and one that stops it finds it stopped.
 std::int32_t frmSndSubclass::SndSubclassProc(const Notice& notice) {
     const std::shared_ptr<frmSndSubclass> self = weak_from_this().lock();
-    const NoticeWindow::Procedure next = oldWndProc_;
-    if (notice.Message == MediaNotice) {
-        CloseAll();
-        Attempt([&] {
-            if (soundObj_ != nullptr) soundObj_->RaiseSoundComplete(notice.First == NoticeSuccessful);
-        });
-        Finish();
-    }
-    return next ? next(notice) : 0;
+    if (notice.Message != MediaNotice || !IsPlaying() || telling_) return 0;
+    CloseAll();
+    telling_ = true;
+    Attempt([&] {
+        if (soundObj_ != nullptr) soundObj_->RaiseSoundComplete(notice.First == NoticeSuccessful);
+    });
+    telling_ = false;
+    Finish();
+    return 0;
 }
 
 std::shared_ptr<frmSndSubclass> SoundPlayer() {
     std::shared_ptr<frmSndSubclass> player = PresentSoundPlayer();
     if (player == nullptr) {
         player = std::make_shared<frmSndSubclass>();
-        Library().SoundForm = player;
+        FormOfThread() = player;
     }
     return player;
 }
 
 std::shared_ptr<frmSndSubclass> PresentSoundPlayer() {
-    return Library().SoundForm.lock();
+    return FormOfThread().lock();
 }
 
 }  // namespace zorvex

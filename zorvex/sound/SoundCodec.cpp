@@ -2,8 +2,7 @@
 
 #include "zorvex/base/Checked.h"
 #include "zorvex/base/Error.h"
-#include "zorvex/sound/AGISound.h"
-#include "zorvex/storage/AGIResource.h"
+#include "zorvex/storage/ResourceLimits.h"
 
 namespace zorvex {
 
@@ -16,16 +15,15 @@ constexpr std::int32_t lastRecord = recordSize + 2;
 
 std::int32_t WordAt(ByteView bytes, std::int32_t pos) {
     const auto size = static_cast<std::int64_t>(bytes.size());
-    if (pos >= size) RaiseCatalogue(513, AGIResource::ErrorSource);
-    if (pos + 1 >= size) RaiseRuntime(reSubscript, AGIResource::ErrorSource);
+    if (pos >= size) RaiseCatalogue(513, ResourceErrorSource);
+    if (pos + 1 >= size) RaiseRuntime(reSubscript, ResourceErrorSource);
     const auto at = static_cast<std::size_t>(pos);
     return bytes[at] + 256 * bytes[at + 1];
 }
 
 // The five bytes of a record, of which the resource must hold all.
 std::span<const std::uint8_t, recordSize> RecordAt(ByteView bytes, std::int64_t pos) {
-    if (pos + recordSize > static_cast<std::int64_t>(bytes.size()))
-        RaiseCatalogue(513, AGIResource::ErrorSource);
+    if (pos + recordSize > static_cast<std::int64_t>(bytes.size())) RaiseCatalogue(513, ResourceErrorSource);
     return bytes.subspan(static_cast<std::size_t>(pos)).first<recordSize>();
 }
 
@@ -40,7 +38,7 @@ NoteList DecodeTone(ByteView bytes, std::int32_t track) {
     const std::int32_t start = WordAt(bytes, 2 * track);
     const std::int32_t end = WordAt(bytes, 2 * track + 2) - lastRecord;
     if (end < 0 || std::cmp_greater(start, bytes.size()) || std::cmp_greater(end, bytes.size())) {
-        RaiseCatalogue(598, AGISound::SourceText);
+        RaiseCatalogue(598, SoundErrorSource);
     }
     NoteList notes;
     if (start <= end) notes.reserve(static_cast<std::size_t>((end - start) / recordSize + 1));
@@ -60,7 +58,7 @@ NoteList DecodeNoise(ByteView bytes) {
 }
 
 void AppendWord(ByteArray& bytes, std::int64_t value) {
-    if (value > 0xFFFF) RaiseCatalogue(557, AGIResource::ErrorSource);
+    if (value > 0xFFFF) RaiseCatalogue(557, ResourceErrorSource);
     bytes.push_back(static_cast<std::uint8_t>(value & 0xFF));
     bytes.push_back(static_cast<std::uint8_t>(value >> 8));
 }

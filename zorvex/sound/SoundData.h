@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string_view>
 #include <vector>
 
 #include "zorvex/base/Types.h"
@@ -12,6 +13,9 @@ namespace zorvex {
 
 /// Kinds of sound resource, by the first word of the bytes.
 enum SoundKind : std::uint8_t { skNone = 0, skPCjr = 1, skIIgsPCM = 2, skIIgsMIDI = 3 };
+
+/// The source that errors of sounds carry.
+inline constexpr std::string_view SoundErrorSource = "ZORVEX.agiSound";
 
 inline constexpr std::size_t TrackCount = 4;
 /// The track that drives the noise generator; the tracks before it are the three tone voices.

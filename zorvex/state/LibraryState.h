@@ -37,7 +37,6 @@ class ReservedTables;
 class ResourceIDTable;
 class ResourceCollectionBase;
 class StringList;
-class frmSndSubclass;
 struct CommandTables;
 struct PenStatus;
 struct PropertyIndex;
@@ -99,8 +98,6 @@ struct LibraryState {
     bool ReservedAsText = false;
     std::string SourceExt = ".lgc";
     std::array<bool, 107> IgnoreWarnings{};  // from 5001
-
-    std::weak_ptr<frmSndSubclass> SoundForm;  // what plays sounds; made when the first needs it
 
     // Compile and error bookkeeping.
     bool CompileActive = false;

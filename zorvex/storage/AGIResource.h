@@ -8,14 +8,12 @@
 
 #include "zorvex/base/Event.h"
 #include "zorvex/base/Types.h"
+#include "zorvex/storage/ResourceLimits.h"
 
 namespace zorvex {
 
 class GameSession;
 class Internal;
-
-/// The largest position that a write may name, less one: explicit positions stay below this.
-inline constexpr std::int32_t MaxResourceSize = 65530;
 
 /// The bytes of one resource, the place where they live, and a position marker for reading and writing in
 /// sequence. The buffer knows nothing of what the bytes mean; it tells its owner of each change through the
@@ -29,7 +27,7 @@ inline constexpr std::int32_t MaxResourceSize = 65530;
 /// While it is attached, what reaches the game (Load, Save, Size, SizeInVol) raises 91 in another workspace.
 class AGIResource {
   public:
-    static constexpr std::string_view ErrorSource = "ZORVEX.agiResource";
+    static constexpr std::string_view ErrorSource = ResourceErrorSource;
 
     /// Raised after each change of content by InsertData, RemoveData, SetData, Data, WriteByte, WriteWord,
     /// SetAllData and Import; not by Load, Unload, Clear and Save.

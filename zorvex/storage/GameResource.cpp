@@ -71,7 +71,7 @@ void GameResource::TakeFileName(std::string_view path) {
     if (InGame()) {
         Attempt([&] { ID(id); });
     } else {
-        SetIDField(id);
+        StoreID(id);
     }
 }
 

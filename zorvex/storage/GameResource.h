@@ -42,6 +42,8 @@ class GameResource {
         resource_.RemoveData(removePos, removeCount);
     }
     void SetData(ByteView newData) { resource_.SetData(newData); }
+    /// The bytes in place, without a copy; valid until the next change of them. Raises 563.
+    ByteView View() const { return resource_.View(); }
     ByteArray AllData() const { return resource_.AllData(); }
     std::uint8_t Data(std::int32_t pos) const { return resource_.Data(pos); }
     void Data(std::int32_t pos, std::uint8_t value) { resource_.Data(pos, value); }

@@ -5,23 +5,19 @@
 
 namespace zorvex {
 
-AGICel::~AGICel() {
-    FreeBitmap();
-}
-
 void AGICel::Changed() {
     celChanged_ = true;
     MarkDirty(link_);
 }
 
-void AGICel::Width(std::int32_t value) {
+void AGICel::Width(AnyInteger value) {
     if (value < 1 || value > MaxWidth) RaiseCatalogue(533, ErrorSource);
     if (value == pixels_.Width()) return;
     pixels_.Resize(value, pixels_.Height(), transColor_);
     Changed();
 }
 
-void AGICel::Height(std::int32_t value) {
+void AGICel::Height(AnyInteger value) {
     if (value < 1 || value > MaxHeight) RaiseCatalogue(532, ErrorSource);
     if (value == pixels_.Height()) return;
     pixels_.Resize(pixels_.Width(), value, transColor_);
@@ -35,12 +31,18 @@ void AGICel::TransColor(AGIColors value) {
     MarkDirty(link_);
 }
 
-AGIColors AGICel::CelData(std::int32_t xPos, std::int32_t yPos) const {
-    return pixels_.Pixel(showMirrored_ ? pixels_.Width() - 1 - xPos : xPos, yPos);
+/// Where a column that the cel shows is stored; one that it does not have stays outside.
+AnyInteger AGICel::Column(AnyInteger shown) const {
+    const bool flipped = showMirrored_ && shown >= 0 && shown < pixels_.Width();
+    return flipped ? pixels_.Width() - 1 - shown : shown;
 }
 
-void AGICel::CelData(std::int32_t xPos, std::int32_t yPos, AGIColors color) {
-    pixels_.Pixel(showMirrored_ ? pixels_.Width() - 1 - xPos : xPos, yPos, color);
+AGIColors AGICel::CelData(AnyInteger xPos, AnyInteger yPos) const {
+    return pixels_.Pixel(Column(xPos), yPos);
+}
+
+void AGICel::CelData(AnyInteger xPos, AnyInteger yPos, AGIColors color) {
+    pixels_.Pixel(Column(xPos), yPos, color);
     Changed();
 }
 
@@ -55,6 +57,13 @@ void AGICel::AllCelData(const CelPixels& pixels) {
         RaiseCatalogue(614, ErrorSource);
     }
     pixels_ = pixels;
+    Changed();
+}
+
+void AGICel::Store(CelPixels pixels) {
+    if (pixels.Width() < 1 || pixels.Width() > MaxWidth) RaiseCatalogue(533, ErrorSource);
+    if (pixels.Height() < 1 || pixels.Height() > MaxHeight) RaiseCatalogue(532, ErrorSource);
+    pixels_ = std::move(pixels);
     Changed();
 }
 
@@ -80,15 +89,13 @@ void AGICel::FlipPixels() {
 // --- The bitmap ---
 
 void AGICel::FreeBitmap() {
-    if (!bitmap_.Exists()) return;
     bitmap_.Restore();
     bitmap_.DeleteContext();
     bitmap_.DeleteBitmap();
-    bitmap_ = BitmapSection();
 }
 
 std::int32_t AGICel::CelBMP() {
-    if (bitmap_.Exists() && bitmapMirrored_ == showMirrored_ && !celChanged_) return bitmap_.Context;
+    if (bitmap_.IsCurrent() && bitmapMirrored_ == showMirrored_ && !celChanged_) return bitmap_.Context();
     FreeBitmap();
     BitmapHeader header;
     header.Width = pixels_.Width();
@@ -102,11 +109,11 @@ std::int32_t AGICel::CelBMP() {
     PaintBitmap();
     bitmapMirrored_ = showMirrored_;
     celChanged_ = false;
-    return bitmap_.Context;
+    return bitmap_.Context();
 }
 
 void AGICel::PaintBitmap() {
-    std::uint8_t* out = bitmap_.Bits;
+    std::uint8_t* out = bitmap_.Bits();
     const CelPixels pixels = AllCelData();
     for (const AGIColors pixel : pixels.Flat()) {
         const auto color = static_cast<std::uint32_t>(pixel <= agWhite ? Library().EGARevColor[pixel] : 0);

@@ -7,6 +7,7 @@
 #include "zorvex/base/Types.h"
 #include "zorvex/platform/Bitmaps.h"
 #include "zorvex/view/CelPixels.h"
+#include "zorvex/view/ViewLimits.h"
 #include "zorvex/view/ViewLink.h"
 
 namespace zorvex {
@@ -21,14 +22,14 @@ namespace zorvex {
 class AGICel {
   public:
     static constexpr std::string_view ErrorSource = "ZORVEX.AGICel";
-    static constexpr std::int32_t MaxWidth = 160;
-    static constexpr std::int32_t MaxHeight = 168;
+    static constexpr std::int32_t MaxWidth = MaxCelWidth;
+    static constexpr std::int32_t MaxHeight = MaxCelHeight;
 
     AGICel() = default;
     explicit AGICel(ViewLinkPointer link) : link_(std::move(link)) {}
     AGICel(ViewLinkPointer link, CelPixels pixels, AGIColors transColor)
         : pixels_(std::move(pixels)), transColor_(transColor), link_(std::move(link)) {}
-    ~AGICel();
+    ~AGICel() { FreeBitmap(); }
     AGICel(const AGICel&) = delete;
     AGICel& operator=(const AGICel&) = delete;
 
@@ -37,23 +38,27 @@ class AGICel {
     /// The width in pixels, 1 to 160; each is drawn two screen pixels wide. A new value keeps the pixels that
     /// remain and gives new columns the transparent colour. Raises 533.
     std::uint8_t Width() const { return static_cast<std::uint8_t>(pixels_.Width()); }
-    void Width(std::int32_t value);
+    void Width(AnyInteger value);
     /// The height in pixels, 1 to 168. Raises 532.
     std::uint8_t Height() const { return static_cast<std::uint8_t>(pixels_.Height()); }
-    void Height(std::int32_t value);
+    void Height(AnyInteger value);
     /// The colour that is not drawn, 0 to 15. Raises 556.
     AGIColors TransColor() const { return transColor_; }
     void TransColor(AGIColors value);
 
     /// One pixel, as the cel shows itself. Raises run-time error 9 outside the cel. Any colour value is
     /// stored, but one above 15 fails when the view's bytes are built.
-    AGIColors CelData(std::int32_t xPos, std::int32_t yPos) const;
-    void CelData(std::int32_t xPos, std::int32_t yPos, AGIColors color);
+    AGIColors CelData(AnyInteger xPos, AnyInteger yPos) const;
+    void CelData(AnyInteger xPos, AnyInteger yPos, AGIColors color);
     /// A copy of all pixels, as the cel shows itself.
     CelPixels AllCelData() const;
     /// Replaces all pixels; they are stored as given, also while the cel shows itself flipped. Raises 614
     /// unless they have the size of the cel.
     void AllCelData(const CelPixels& pixels);
+
+    /// The pixels in place, without a copy, as they are stored: for a cel of a mirror pair as the source loop
+    /// shows them. The reference holds as long as the cel; rows and spans of it until the cel changes.
+    const CelPixels& Stored() const { return pixels_; }
 
     /// Takes size, transparent colour and pixels of another cel, so that this one shows what the other shows.
     void CopyCel(const AGICel& sourceCel);
@@ -71,6 +76,8 @@ class AGICel {
     void Index(std::uint8_t value) { index_ = value; }
     bool ShowMirrored() const { return showMirrored_; }
     void ShowMirrored(bool value) { showMirrored_ = value; }
+    /// Replaces what is stored, size and all. Raises 533 and 532 for a size that no cel has.
+    void Store(CelPixels pixels);
     /// Reverses every row of what is stored.
     void FlipPixels();
     /// A new cel with what is stored here, or with its rows reversed.
@@ -78,6 +85,7 @@ class AGICel {
 
   private:
     void Changed();
+    AnyInteger Column(AnyInteger shown) const;
     void FreeBitmap();
     void PaintBitmap();
 

@@ -7,13 +7,31 @@
 
 namespace zorvex {
 
-std::shared_ptr<AGICel> AGICels::Item(std::int32_t index) const {
-    const std::shared_ptr<AGICel>& cel = At(cels_, index, ErrorSource);
+std::shared_ptr<AGICel> AGICels::Item(AnyInteger index) const {
+    const std::shared_ptr<AGICel>& cel = Stored(index);
     cel->ShowMirrored(showMirrored_);
     return cel;
 }
 
-std::shared_ptr<AGICel> AGICels::Add(std::uint8_t pos, std::int32_t celWidth, std::int32_t celHeight,
+const std::shared_ptr<AGICel>& AGICels::Stored(AnyInteger index) const {
+    return At(cels_, index, ErrorSource);
+}
+
+const std::vector<std::shared_ptr<AGICel>>& AGICels::ShowAll() const {
+    for (const auto& cel : cels_)
+        cel->ShowMirrored(showMirrored_);
+    return cels_;
+}
+
+void AGICels::Move(AnyInteger from, AnyInteger to) {
+    Stored(from);
+    Stored(to);
+    MoveElement(cels_, from, to);
+    RenewIndexes();
+    MarkDirty(link_);
+}
+
+std::shared_ptr<AGICel> AGICels::Add(AnyInteger pos, AnyInteger celWidth, AnyInteger celHeight,
                                      AGIColors transColor) {
     if (Count() >= MaxCels) RaiseCatalogue(552, ErrorSource, "");
     return Wrapped(653, [&] {
@@ -21,14 +39,14 @@ std::shared_ptr<AGICel> AGICels::Add(std::uint8_t pos, std::int32_t celWidth, st
         if (celWidth >= 1 && celWidth <= AGICel::MaxWidth) cel->Width(celWidth);
         if (celHeight >= 1 && celHeight <= AGICel::MaxHeight) cel->Height(celHeight);
         if (transColor <= agWhite) cel->TransColor(transColor);
-        cels_.insert(cels_.begin() + std::min<std::int32_t>(pos, Count()), cel);
+        cels_.insert(cels_.begin() + PlaceOrEnd(pos, Count()), cel);
         RenewIndexes();
         MarkDirty(link_);
         return cel;
     });
 }
 
-void AGICels::Remove(std::int32_t index) {
+void AGICels::Remove(AnyInteger index) {
     if (Count() == 1) RaiseCatalogue(612, ErrorSource);
     if (index < 0 || index >= Count()) RaiseText(reSubscript, ErrorSource, "subscript out of range");
     cels_.erase(cels_.begin() + index);

@@ -14,7 +14,7 @@ namespace zorvex {
 class AGICels {
   public:
     static constexpr std::string_view ErrorSource = "ZORVEX.agiCels";
-    static constexpr std::int32_t MaxCels = 255;
+    static constexpr std::int32_t MaxCels = MaxLoopCels;
 
     explicit AGICels(ViewLinkPointer link = {}) : link_(std::move(link)) {}
     AGICels(const AGICels&) = delete;
@@ -22,18 +22,32 @@ class AGICels {
 
     /// The cel at a position. From now on it shows itself as the loop does through which this list was
     /// fetched. Raises run-time error 9.
-    std::shared_ptr<AGICel> Item(std::int32_t index) const;
+    std::shared_ptr<AGICel> Item(AnyInteger index) const;
     std::int32_t Count() const { return static_cast<std::int32_t>(cels_.size()); }
-    /// Adds a black cel before a position; a position past the end, as the default is, means the end. A size
-    /// or colour that a cel cannot have is ignored: the cel then is 1 wide, 1 high, or transparent in black.
-    /// Raises 552.
-    std::shared_ptr<AGICel> Add(std::uint8_t pos = 255, std::int32_t celWidth = 1, std::int32_t celHeight = 1,
+    /// Adds a black cel before a position; a position that the list does not have, such as the default, means
+    /// the end. A size or colour that a cel cannot have is ignored: the cel then is 1 wide, 1 high, or
+    /// transparent in black. Raises 552.
+    std::shared_ptr<AGICel> Add(AnyInteger pos = 255, AnyInteger celWidth = 1, AnyInteger celHeight = 1,
                                 AGIColors transColor = agBlack);
     /// Removes a cel; those behind it move down. Raises 612 for the last one left, run-time error 9 for a
     /// position that is not there.
-    void Remove(std::int32_t index);
+    void Remove(AnyInteger index);
+
+    /// Takes a cel to another position; those between move by one. Raises run-time error 9 for a position
+    /// that is not there.
+    void Move(AnyInteger from, AnyInteger to);
+
+    std::size_t size() const { return cels_.size(); }
+    bool empty() const { return cels_.empty(); }
+    /// Walks the cels in order, which from now on show themselves as after Item. The list must not change on
+    /// the way.
+    auto begin() const { return ShowAll().begin(); }
+    auto end() const { return cels_.end(); }
 
     // --- For the library ---
+
+    /// A cel, without a change of how it shows itself. Raises run-time error 9.
+    const std::shared_ptr<AGICel>& Stored(AnyInteger index) const;
 
     bool ShowMirrored() const { return showMirrored_; }
     void ShowMirrored(bool value) { showMirrored_ = value; }
@@ -48,6 +62,7 @@ class AGICels {
     void EndMirroring();
 
   private:
+    const std::vector<std::shared_ptr<AGICel>>& ShowAll() const;
     void RenewIndexes();
 
     std::vector<std::shared_ptr<AGICel>> cels_;

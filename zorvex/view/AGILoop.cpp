@@ -9,8 +9,14 @@ AGILoop::AGILoop(AGILoops* owner, ViewLinkPointer link)
     : owner_(owner), link_(std::move(link)), cels_(std::make_shared<AGICels>(link_)) {}
 
 std::shared_ptr<AGICels> AGILoop::Cels() const {
-    cels_->ShowMirrored(mirrorPair_ < 0);
+    cels_->ShowMirrored(IsMirror());
     return cels_;
+}
+
+CelPixels AGILoop::ShownPixels(AnyInteger cel) const {
+    CelPixels pixels = cels_->Stored(cel)->Stored();
+    if (IsMirror()) pixels.Flip();
+    return pixels;
 }
 
 AGILoop* AGILoop::Partner() const {

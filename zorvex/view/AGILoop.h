@@ -41,6 +41,12 @@ class AGILoop {
 
     // --- For the library ---
 
+    /// True for the loop of a mirror pair that shows its cels flipped.
+    bool IsMirror() const { return mirrorPair_ < 0; }
+    /// The pixels of a cel as this loop shows them, without a change of how the cel shows itself. Raises
+    /// run-time error 9.
+    CelPixels ShownPixels(AnyInteger cel) const;
+
     void Index(std::uint8_t value) { index_ = value; }
     /// 0: not mirrored; n: the source of pair n; -n: the mirror of pair n.
     std::int16_t MirrorPair() const { return mirrorPair_; }

@@ -19,9 +19,9 @@ void AGILoops::Cut() {
     if (link_) link_->view = nullptr;
 }
 
-std::shared_ptr<AGILoop> AGILoops::Add(std::uint8_t pos) {
+std::shared_ptr<AGILoop> AGILoops::Add(AnyInteger pos) {
     if (Count() >= MaxLoops) RaiseCatalogue(537, ErrorSource);
-    const std::int32_t at = std::min<std::int32_t>(pos, Count());
+    const AnyInteger at = PlaceOrEnd(pos, Count());
     if (at < MirrorLimit && Count() >= MirrorLimit) loops_[MirrorLimit - 1]->UnMirror();
     auto loop = std::make_shared<AGILoop>(this, link_);
     loops_.insert(loops_.begin() + at, loop);
@@ -30,17 +30,17 @@ std::shared_ptr<AGILoop> AGILoops::Add(std::uint8_t pos) {
     return loop;
 }
 
-std::shared_ptr<AGILoop> AGILoops::Item(std::int32_t index) const {
+std::shared_ptr<AGILoop> AGILoops::Item(AnyInteger index) const {
     return At(loops_, index, ErrorSource);
 }
 
-void AGILoops::Remove(std::int32_t index) {
+void AGILoops::Remove(AnyInteger index) {
     if (Count() == 1) RaiseCatalogue(613, ErrorSource);
     if (index < 0 || index >= Count()) RaiseRuntime(reSubscript, ErrorSource);
     Wrapped(661, [&] { Take(index); });
 }
 
-void AGILoops::Take(std::int32_t index) {
+void AGILoops::Take(AnyInteger index) {
     const std::shared_ptr<AGILoop> loop = Item(index);
     if (loop->Mirrored()) {
         // The cels stay with the partner; a host may hold the removed loop for an undo.
@@ -57,7 +57,19 @@ void AGILoops::Take(std::int32_t index) {
     MarkDirty(link_);
 }
 
-void AGILoops::SetMirror(std::int32_t targetLoop, std::int32_t sourceLoop) {
+void AGILoops::Move(AnyInteger from, AnyInteger to) {
+    const std::shared_ptr<AGILoop> loop = Item(from);
+    Item(to);
+    if (from == to) return;
+    MoveElement(loops_, from, to);
+    RenewIndexes();
+    for (const auto& each : loops_) {
+        if (each->Index() >= MirrorLimit) each->UnMirror();
+    }
+    MarkDirty(link_);
+}
+
+void AGILoops::SetMirror(AnyInteger targetLoop, AnyInteger sourceLoop) {
     if (sourceLoop >= Count() || sourceLoop >= MirrorLimit || targetLoop >= MirrorLimit) {
         RaiseCatalogue(539, ErrorSource);
     }

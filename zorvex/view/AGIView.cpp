@@ -1,19 +1,13 @@
 #include "zorvex/view/AGIView.h"
 
+#include <algorithm>
+
 #include "zorvex/base/Faults.h"
 #include "zorvex/base/Internal.h"
-#include "zorvex/base/PathText.h"
-#include "zorvex/base/Text.h"
 #include "zorvex/platform/FileSystem.h"
 #include "zorvex/view/ViewCodec.h"
 
 namespace zorvex {
-
-namespace {
-
-constexpr std::size_t maxFileID = 64;
-
-}  // namespace
 
 AGIView::AGIView() : GameResource(rtView, ViewErrorSource) {
     change_ = Resource().Change.Subscribe([this] {
@@ -70,8 +64,33 @@ void AGIView::ViewDescription(std::string_view value) {
     DataDirty(true);
 }
 
-void AGIView::SetMirror(std::int32_t targetLoop, std::int32_t sourceLoop) {
+void AGIView::SetMirror(AnyInteger targetLoop, AnyInteger sourceLoop) {
     Loops()->SetMirror(targetLoop, sourceLoop);
+}
+
+void AGIView::MoveLoop(AnyInteger from, AnyInteger to) {
+    Loops()->Move(from, to);
+}
+
+void AGIView::MoveCel(AnyInteger loop, AnyInteger from, AnyInteger to) {
+    Loops()->Item(loop)->Cels()->Move(from, to);
+}
+
+CelPixels AGIView::ReadCel(AnyInteger loop, AnyInteger cel) {
+    return Loops()->Item(loop)->ShownPixels(cel);
+}
+
+void AGIView::WriteCel(AnyInteger loop, AnyInteger cel, CelPixels pixels,
+                       std::optional<AGIColors> transColor) {
+    const auto isNone = [](AGIColors color) { return color > agWhite; };
+    const std::shared_ptr<AGILoop> target = Loops()->Item(loop);
+    const std::shared_ptr<AGICel> stored = target->Cels()->Stored(cel);
+    if (std::ranges::any_of(pixels.Flat(), isNone) || (transColor && isNone(*transColor))) {
+        RaiseCatalogue(556, AGICel::ErrorSource);
+    }
+    if (target->IsMirror()) pixels.Flip();
+    stored->Store(std::move(pixels));
+    if (transColor) stored->TransColor(*transColor);
 }
 
 // --- From bytes and to bytes ---
@@ -184,26 +203,17 @@ void AGIView::Export(std::string_view exportFile, bool resetDirty) {
     if (DataDirty()) BuildViewData();
     const std::string path = InnerPath(exportFile);
     Resource().Export(path);
-    if (!InGame()) SetFileID(path);
+    if (!InGame()) TakeFileName(path);
     if (resetDirty) DataDirty(false);
 }
 
 void AGIView::Import(std::string_view importFile) {
     const std::string path = InnerPath(importFile);
     Guarded([&] { Resource().Import(path); }, [&] { Unload(); });
-    SetFileID(path);
+    TakeFileName(path);
     DataDirty(false);
     WritePropState(false);
     viewSet_ = false;
-}
-
-void AGIView::SetFileID(std::string_view file) {
-    const std::string id = CutCharacters(JustFileName(file), maxFileID);
-    if (InGame()) {
-        Attempt([&] { ID(id); });  // a name that another view has leaves the old one
-    } else {
-        SetIDField(id);
-    }
 }
 
 void AGIView::SetView(AGIView& copyView) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -35,7 +36,22 @@ class AGIView : public GameResource {
     /// Makes one loop the mirror of another: from now on both have the source's cels, and the target shows
     /// them flipped. The target's own cels are dropped. Raises 563; 539 for a number that is not there or
     /// above 7, 540 for equal numbers, 550 and 551 for a loop that is mirrored already.
-    void SetMirror(std::int32_t targetLoop, std::int32_t sourceLoop);
+    void SetMirror(AnyInteger targetLoop, AnyInteger sourceLoop);
+
+    /// Take a loop, and a cel of a loop, to another position; those between move by one. A mirrored loop that
+    /// comes to stand behind loop 7 is unmirrored. Raise as Loops, and run-time error 9 for a position that
+    /// is not there.
+    void MoveLoop(AnyInteger from, AnyInteger to);
+    void MoveCel(AnyInteger loop, AnyInteger from, AnyInteger to);
+    /// The pixels of a cel as its loop shows them: those of a mirror are flipped. Unlike the objects of loops
+    /// and cels, ReadCel and WriteCel leave alone how cels that somebody holds show themselves. Raise as
+    /// Loops, and run-time error 9.
+    CelPixels ReadCel(AnyInteger loop, AnyInteger cel);
+    /// Gives a cel pixels of any size that a cel can have, so that ReadCel gives them back; the partner of a
+    /// mirrored loop then shows them flipped. A transparent colour that is not given stays. Raises 533 and
+    /// 532 for the size, 556 for the transparent colour and for a pixel above 15.
+    void WriteCel(AnyInteger loop, AnyInteger cel, CelPixels pixels,
+                  std::optional<AGIColors> transColor = std::nullopt);
 
     using GameResource::ID;
     /// As told at GameResource; names that differ only in case count as the same. Raises 686 for any other
@@ -80,7 +96,6 @@ class AGIView : public GameResource {
     ViewContent Content();
     void WriteDefaultView();
     void CopyFrom(AGIView& source);
-    void SetFileID(std::string_view file);
 
     std::shared_ptr<AGILoops> loops_;
     std::string viewDescription_;

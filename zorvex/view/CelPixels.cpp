@@ -1,6 +1,7 @@
 #include "zorvex/view/CelPixels.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "zorvex/base/Error.h"
 
@@ -8,35 +9,40 @@ namespace zorvex {
 
 namespace {
 
-std::size_t Area(std::int32_t width, std::int32_t height) {
+/// The number of pixels, which like Width and Height is a number of 32 bits.
+std::size_t Area(AnyInteger width, AnyInteger height) {
     if (width < 0 || height < 0) RaiseRuntime(reSubscript);
-    return static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+    constexpr AnyInteger most = std::numeric_limits<std::int32_t>::max();
+    if (width > most || height > most || width * height > most) RaiseRuntime(reOutOfMemory);
+    return static_cast<std::size_t>(width * height);
 }
 
 }  // namespace
 
-CelPixels::CelPixels(std::int32_t width, std::int32_t height, AGIColors fill)
-    : width_(width), height_(height), pixels_(Area(width, height), fill) {}
+CelPixels::CelPixels(AnyInteger width, AnyInteger height, AGIColors fill)
+    : pixels_(Area(width, height), fill),
+      width_(static_cast<std::int32_t>(width)),
+      height_(static_cast<std::int32_t>(height)) {}
 
-std::size_t CelPixels::Index(std::int32_t x, std::int32_t y) const {
+std::size_t CelPixels::Index(AnyInteger x, AnyInteger y) const {
     if (x < 0 || x >= width_ || y < 0 || y >= height_) RaiseRuntime(reSubscript);
     return static_cast<std::size_t>(y) * static_cast<std::size_t>(width_) + static_cast<std::size_t>(x);
 }
 
-std::span<AGIColors> CelPixels::Row(std::int32_t y) & {
+std::span<AGIColors> CelPixels::Row(AnyInteger y) & {
     if (y < 0 || y >= height_) RaiseRuntime(reSubscript);
     return std::span(pixels_).subspan(Area(width_, y), static_cast<std::size_t>(width_));
 }
 
-std::span<const AGIColors> CelPixels::Row(std::int32_t y) const& {
+std::span<const AGIColors> CelPixels::Row(AnyInteger y) const& {
     if (y < 0 || y >= height_) RaiseRuntime(reSubscript);
     return std::span(pixels_).subspan(Area(width_, y), static_cast<std::size_t>(width_));
 }
 
-void CelPixels::Resize(std::int32_t width, std::int32_t height, AGIColors fill) {
+void CelPixels::Resize(AnyInteger width, AnyInteger height, AGIColors fill) {
     CelPixels sized(width, height, fill);
-    const auto columns = static_cast<std::size_t>(std::min(width, width_));
-    for (std::int32_t y = 0; y < std::min(height, height_); ++y) {
+    const auto columns = static_cast<std::size_t>(std::min<AnyInteger>(width, width_));
+    for (std::int32_t y = 0; y < std::min<AnyInteger>(height, height_); ++y) {
         std::ranges::copy(Row(y).first(columns), sized.Row(y).begin());
     }
     *this = std::move(sized);

@@ -17,35 +17,35 @@ class CelPixels {
   public:
     /// One black pixel.
     CelPixels() : CelPixels(1, 1) {}
-    /// Raises run-time error 9 for a negative size.
-    CelPixels(std::int32_t width, std::int32_t height, AGIColors fill = agBlack);
+    /// Raises run-time error 9 for a negative size, 7 for 2,147,483,648 pixels and more.
+    CelPixels(AnyInteger width, AnyInteger height, AGIColors fill = agBlack);
 
     std::int32_t Width() const { return width_; }
     std::int32_t Height() const { return height_; }
     /// One pixel; raises run-time error 9 outside the rectangle.
-    AGIColors Pixel(std::int32_t x, std::int32_t y) const { return pixels_[Index(x, y)]; }
-    void Pixel(std::int32_t x, std::int32_t y, AGIColors color) { pixels_[Index(x, y)] = color; }
+    AGIColors Pixel(AnyInteger x, AnyInteger y) const { return pixels_[Index(x, y)]; }
+    void Pixel(AnyInteger x, AnyInteger y, AGIColors color) { pixels_[Index(x, y)] = color; }
     /// One row in place, valid until the size changes; raises run-time error 9.
-    std::span<AGIColors> Row(std::int32_t y) &;
-    std::span<const AGIColors> Row(std::int32_t y) const&;
+    std::span<AGIColors> Row(AnyInteger y) &;
+    std::span<const AGIColors> Row(AnyInteger y) const&;
     /// All pixels, row after row.
     const std::vector<AGIColors>& Flat() const& { return pixels_; }
     std::vector<AGIColors> Flat() && { return std::move(pixels_); }
 
-    /// Changes the size: what remains keeps its place, what is new gets the colour. Raises 9 for a negative
-    /// size.
-    void Resize(std::int32_t width, std::int32_t height, AGIColors fill);
+    /// Changes the size: what remains keeps its place, what is new gets the colour. Raises 9 and
+    /// 7 as when made.
+    void Resize(AnyInteger width, AnyInteger height, AGIColors fill);
     /// Reverses every row.
     void Flip();
 
     bool operator==(const CelPixels&) const = default;
 
   private:
-    std::size_t Index(std::int32_t x, std::int32_t y) const;
+    std::size_t Index(AnyInteger x, AnyInteger y) const;
 
+    std::vector<AGIColors> pixels_;
     std::int32_t width_;
     std::int32_t height_;
-    std::vector<AGIColors> pixels_;
 };
 
 }  // namespace zorvex

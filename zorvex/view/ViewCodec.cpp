@@ -6,9 +6,7 @@
 
 #include "zorvex/base/Checked.h"
 #include "zorvex/base/Faults.h"
-#include "zorvex/storage/AGIResource.h"
-#include "zorvex/view/AGICel.h"
-#include "zorvex/view/AGILoops.h"
+#include "zorvex/storage/ResourceLimits.h"
 
 namespace zorvex {
 
@@ -91,7 +89,7 @@ class ViewReader {
         const auto here = loopLocs_.begin() + static_cast<std::ptrdiff_t>(loop);
         const auto same = std::find(loopLocs_.begin(), here, *here);
         if (same == here) return false;
-        if (std::cmp_greater_equal(loop, AGILoops::MirrorLimit)) RaiseCatalogue(539, ViewErrorSource);
+        if (std::cmp_greater_equal(loop, MirrorableLoops)) RaiseCatalogue(539, ViewErrorSource);
         const auto source = static_cast<std::size_t>(same - loopLocs_.begin());
         if (view_.loops[source].mirrorLoop != LoopContent::None) return false;
         view_.loops[source].mirrorLoop = static_cast<std::int32_t>(loop);
@@ -116,8 +114,8 @@ class ViewReader {
             const auto value = static_cast<std::int32_t>(ByteAt(bytes_, pos));
             return value >= 1 && value <= limit ? value : 1;
         };
-        const std::int32_t width = size(celLoc, AGICel::MaxWidth);
-        const std::int32_t height = size(celLoc + 1, AGICel::MaxHeight);
+        const std::int32_t width = size(celLoc, MaxCelWidth);
+        const std::int32_t height = size(celLoc + 1, MaxCelHeight);
         cel.transColor = static_cast<AGIColors>(ByteAt(bytes_, celLoc + 2) & 15);
         pixelCount_ += static_cast<std::size_t>(width * height);
         if (pixelCount_ > MaxViewPixels) RaiseRuntime(reOutOfMemory, ViewErrorSource);
@@ -146,8 +144,8 @@ class ViewReader {
 /// Fills in an offset. The limits are those of a resource's buffer: where it may be written to, and sixteen
 /// bits.
 void PutWord(ByteArray& out, std::size_t pos, std::size_t value) {
-    if (std::cmp_greater_equal(pos, MaxResourceSize - 1)) RaiseCatalogue(516, AGIResource::ErrorSource);
-    if (value > 0xFFFF) RaiseCatalogue(557, AGIResource::ErrorSource);
+    if (std::cmp_greater_equal(pos, MaxResourceSize - 1)) RaiseCatalogue(516, ResourceErrorSource);
+    if (value > 0xFFFF) RaiseCatalogue(557, ResourceErrorSource);
     out[pos] = static_cast<std::uint8_t>(value & 255);
     out[pos + 1] = static_cast<std::uint8_t>(value >> 8);
 }

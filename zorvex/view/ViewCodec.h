@@ -3,11 +3,11 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "zorvex/base/Types.h"
 #include "zorvex/view/CelPixels.h"
+#include "zorvex/view/ViewLimits.h"
 
 namespace zorvex {
 
@@ -36,9 +36,6 @@ struct ViewContent {
 
     bool operator==(const ViewContent&) const = default;
 };
-
-/// The source that errors of views carry.
-inline constexpr std::string_view ViewErrorSource = "Zorvex.agiView";
 
 /// The most pixels that a view unfolds to. An honest one stays far below: only cels that overlap in the
 /// bytes, over and over, give more.

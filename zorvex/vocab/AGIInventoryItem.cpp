@@ -1,5 +1,6 @@
 #include "zorvex/vocab/AGIInventoryItem.h"
 
+#include "zorvex/base/Checked.h"
 #include "zorvex/base/Text.h"
 #include "zorvex/vocab/AGIInventoryObjects.h"
 
@@ -32,8 +33,8 @@ void AGIInventoryItem::ItemName(std::string_view value) {
     }
 }
 
-void AGIInventoryItem::Room(std::uint8_t value) {
-    room_ = value;
+void AGIInventoryItem::Room(AnyInteger value) {
+    room_ = Narrow<std::uint8_t>(value, AGIInventoryObjects::ErrorSource);
     if (parent_ != nullptr) parent_->IsDirty(true);
 }
 

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "zorvex/base/Types.h"
+
 namespace zorvex {
 
 class AGIInventoryObjects;
@@ -21,9 +23,10 @@ class AGIInventoryItem {
     /// makes the list dirty and keeps Unique of all items right.
     std::string ItemName() const { return itemName_; }
     void ItemName(std::string_view value);
-    /// 0 to 255; setting it makes the list dirty. 255 stands for "carried by the player".
+    /// 0 to 255; setting it makes the list dirty. 255 stands for "carried by the player". Raises 6 for a
+    /// value out of range.
     std::uint8_t Room() const { return room_; }
-    void Room(std::uint8_t value);
+    void Room(AnyInteger value);
     /// False when another item of the list has the same name, without regard to case, so that source text
     /// cannot call the item by its name. Always true for "?".
     bool Unique() const { return unique_; }

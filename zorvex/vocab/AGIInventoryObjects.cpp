@@ -102,10 +102,11 @@ std::uint8_t AGIInventoryObjects::MaxScreenObjects() const {
     return maxScreenObjects_;
 }
 
-void AGIInventoryObjects::MaxScreenObjects(std::uint8_t value) {
+void AGIInventoryObjects::MaxScreenObjects(AnyInteger value) {
     RequireLoaded();
-    if (value != maxScreenObjects_) IsDirty(true);
-    maxScreenObjects_ = value;
+    const auto most = Narrow<std::uint8_t>(value, ErrorSource);
+    if (most != maxScreenObjects_) IsDirty(true);
+    maxScreenObjects_ = most;
 }
 
 bool AGIInventoryObjects::Encrypted() const {
@@ -133,22 +134,23 @@ std::int16_t AGIInventoryObjects::Count() const {
     return Narrow<std::int16_t>(items_.size());
 }
 
-std::shared_ptr<AGIInventoryItem> AGIInventoryObjects::Item(std::int32_t index) const {
+std::shared_ptr<AGIInventoryItem> AGIInventoryObjects::Item(AnyInteger index) const {
     RequireLoaded();
     return At(items_, index, ErrorSource);
 }
 
-std::shared_ptr<AGIInventoryItem> AGIInventoryObjects::Add(std::string_view newItem, std::uint8_t room) {
+std::shared_ptr<AGIInventoryItem> AGIInventoryObjects::Add(std::string_view newItem, AnyInteger room) {
     RequireLoaded();
     if (items_.size() >= MaxItems) RaiseCatalogue(569, ErrorSource);
+    const auto number = Narrow<std::uint8_t>(room, ErrorSource);
     std::shared_ptr<AGIInventoryItem> item;
-    const std::optional<Error> error = Attempt([&] { item = Append(newItem, room); });
+    const std::optional<Error> error = Attempt([&] { item = Append(newItem, number); });
     if (error) RaiseCatalogue(571, error->Source(), std::to_string(error->Number()));
     IsDirty(true);
     return item;
 }
 
-void AGIInventoryObjects::Remove(std::int32_t index) {
+void AGIInventoryObjects::Remove(AnyInteger index) {
     RequireLoaded();
     const std::shared_ptr<AGIInventoryItem> item = At(items_, index, ErrorSource);
     if (items_.size() >= 2 && item == items_.back()) {

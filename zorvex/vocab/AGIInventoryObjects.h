@@ -41,9 +41,9 @@ class AGIInventoryObjects : public GameList {
     void Export(std::string_view exportFile, std::int32_t fileType, bool resetDirty = true) override;
 
     // --- Settings ---
-    /// How many screen objects a game may use at once, besides ego.
+    /// How many screen objects a game may use at once, besides ego: 0 to 255. Raises 6.
     std::uint8_t MaxScreenObjects() const;
-    void MaxScreenObjects(std::uint8_t value);
+    void MaxScreenObjects(AnyInteger value);
     /// Whether the file is scrambled.
     bool Encrypted() const;
     void Encrypted(bool value);
@@ -56,17 +56,21 @@ class AGIInventoryObjects : public GameList {
     // --- Items ---
     std::int16_t Count() const;
     /// The item of a number from 0. Raises 9.
-    std::shared_ptr<AGIInventoryItem> Item(std::int32_t index) const;
-    /// Adds an item at the end. Raises 569 for the 257th and 571 for any other fault.
-    std::shared_ptr<AGIInventoryItem> Add(std::string_view newItem, std::uint8_t room);
+    std::shared_ptr<AGIInventoryItem> Item(AnyInteger index) const;
+    /// Adds an item at the end. Raises 569 for the 257th, 6 for a room that is none, and 571 for
+    /// any other fault.
+    std::shared_ptr<AGIInventoryItem> Add(std::string_view newItem, AnyInteger room);
     /// Removes the last item, if there are at least two; any other stays in its place as "?" in room 0.
     /// Raises 9.
-    void Remove(std::int32_t index);
+    void Remove(AnyInteger index);
 
     /// Walks the items in order of their numbers.
     using Iterator = std::vector<std::shared_ptr<AGIInventoryItem>>::const_iterator;
     Iterator begin() const;
     Iterator end() const;
+    /// The number of items, as Count.
+    std::size_t size() const { return static_cast<std::size_t>(Count()); }
+    bool empty() const { return size() == 0; }
 
     // --- For the library ---
     /// The items, loaded or not.

@@ -7,7 +7,7 @@
 
 namespace zorvex {
 
-const std::string& AGIWordGroup::Word(std::int32_t index) const {
+const std::string& AGIWordGroup::Word(AnyInteger index) const {
     if (!std::cmp_greater_equal(index, 0) || !std::cmp_less(index, words_.size()))
         RaiseCatalogue(574, ErrorSource);
     return words_[static_cast<std::size_t>(index)];

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "zorvex/base/Types.h"
+
 namespace zorvex {
 
 /// A numbered group of words. Groups exist only in an AGIWordList, which adds and removes their words; a
@@ -22,8 +24,13 @@ class AGIWordGroup {
     /// 0 to 65535.
     std::int32_t GroupNum() const { return groupNum_; }
     /// The word at a position from 0, in sort order. Raises 574, "Invalid word index".
-    const std::string& Word(std::int32_t index) const;
+    const std::string& Word(AnyInteger index) const;
     std::int32_t WordCount() const { return static_cast<std::int32_t>(words_.size()); }
+    std::size_t size() const { return words_.size(); }
+    bool empty() const { return words_.empty(); }
+    /// Walks the words in sort order, until the group changes.
+    auto begin() const { return words_.begin(); }
+    auto end() const { return words_.end(); }
 
     // --- For the library ---
     explicit AGIWordGroup(std::int32_t groupNum) : groupNum_(groupNum) {}

@@ -27,8 +27,9 @@ constexpr GameListFamily family{.ErrorSource = AGIWordList::ErrorSource,
 
 AGIWordList::AGIWordList() : GameList(family) {}
 
-void AGIWordList::CheckGroupNumber(std::int32_t groupNumber) {
-    if (groupNumber < 0 || groupNumber > MaxGroupNumber) RaiseCatalogue(575, ErrorSource);
+std::int32_t AGIWordList::GroupNumber(AnyInteger number, std::int32_t id) {
+    if (number < 0 || number > MaxGroupNumber) RaiseCatalogue(id, ErrorSource);
+    return static_cast<std::int32_t>(number);
 }
 
 // --- Contents ---
@@ -60,7 +61,7 @@ std::int32_t AGIWordList::WordCount() const {
     return Narrow<std::int32_t>(table_.Words().size());
 }
 
-const AGIWord& AGIWordList::Item(std::int32_t index) const {
+const AGIWord& AGIWordList::Item(AnyInteger index) const {
     RequireLoaded();
     return *At(table_.Words(), index, ErrorSource);
 }
@@ -86,14 +87,14 @@ AGIWordList::Iterator AGIWordList::end() const {
     return Iterator(table_.Words().end());
 }
 
-void AGIWordList::AddWord(std::string_view wordText, std::int32_t group) {
+void AGIWordList::AddWord(std::string_view wordText, AnyInteger group) {
     RequireLoaded();
     const std::string text = LowerCase(wordText);
     if (table_.FindWord(text) != nullptr) RaiseCatalogue(wordTwice, ErrorSource);
-    if (group < 0 || group > MaxGroupNumber) RaiseCatalogue(581, ErrorSource);
+    const std::int32_t number = GroupNumber(group, 581);
     Wrapped(673, [&] {
-        if (!GroupExists(group)) AddGroup(group);
-        table_.AddWord(text, group);
+        if (!GroupExists(number)) AddGroup(number);
+        table_.AddWord(text, number);
         IsDirty(true);
     });
 }
@@ -107,55 +108,60 @@ void AGIWordList::RemoveWord(std::string_view text) {
 }
 
 // --- Groups ---
+const std::vector<std::shared_ptr<AGIWordGroup>>& AGIWordList::Groups() const {
+    RequireLoaded();
+    return table_.Groups();
+}
+
 std::int32_t AGIWordList::GroupCount() const {
     RequireLoaded();
     return Narrow<std::int32_t>(table_.Groups().size());
 }
 
-std::shared_ptr<AGIWordGroup> AGIWordList::Group(std::int32_t index) const {
+std::shared_ptr<AGIWordGroup> AGIWordList::Group(AnyInteger index) const {
     RequireLoaded();
     if (index < 0 || index >= GroupCount()) RaiseCatalogue(588, ErrorSource);
     return table_.Groups()[static_cast<std::size_t>(index)];
 }
 
-std::shared_ptr<AGIWordGroup> AGIWordList::GroupN(std::int32_t groupNumber) const {
+std::shared_ptr<AGIWordGroup> AGIWordList::GroupN(AnyInteger groupNumber) const {
     RequireLoaded();
     std::shared_ptr<AGIWordGroup> group = table_.FindGroup(groupNumber);
     if (!group) RaiseCatalogue(575, ErrorSource);
     return group;
 }
 
-bool AGIWordList::GroupExists(std::int32_t groupNumber) const {
+bool AGIWordList::GroupExists(AnyInteger groupNumber) const {
     return table_.FindGroup(groupNumber) != nullptr;
 }
 
-void AGIWordList::AddGroup(std::int32_t groupNumber) {
+void AGIWordList::AddGroup(AnyInteger groupNumber) {
     RequireLoaded();
-    CheckGroupNumber(groupNumber);
-    if (GroupExists(groupNumber)) RaiseCatalogue(576, ErrorSource);
+    const std::int32_t number = GroupNumber(groupNumber);
+    if (GroupExists(number)) RaiseCatalogue(576, ErrorSource);
     Wrapped(578, [&] {
-        table_.AddGroup(groupNumber);
+        table_.AddGroup(number);
         IsDirty(true);
     });
 }
 
-void AGIWordList::RemoveGroup(std::int32_t groupNumber) {
+void AGIWordList::RemoveGroup(AnyInteger groupNumber) {
     RequireLoaded();
-    CheckGroupNumber(groupNumber);
-    if (!GroupExists(groupNumber)) RaiseCatalogue(583, ErrorSource);
-    const std::optional<Error> error = Attempt([&] { table_.RemoveGroup(groupNumber); });
+    const std::int32_t number = GroupNumber(groupNumber);
+    if (!GroupExists(number)) RaiseCatalogue(583, ErrorSource);
+    const std::optional<Error> error = Attempt([&] { table_.RemoveGroup(number); });
     if (error) RaiseCatalogue(695, error->Source(), std::to_string(error->Number()));
     IsDirty(true);
 }
 
-void AGIWordList::RenumberGroup(std::int32_t oldGroupNumber, std::int32_t newGroupNumber) {
+void AGIWordList::RenumberGroup(AnyInteger oldGroupNumber, AnyInteger newGroupNumber) {
     RequireLoaded();
-    CheckGroupNumber(oldGroupNumber);
-    CheckGroupNumber(newGroupNumber);
-    if (!GroupExists(oldGroupNumber)) RaiseCatalogue(696, ErrorSource);
-    if (GroupExists(newGroupNumber)) RaiseCatalogue(697, ErrorSource);
+    const std::int32_t oldNumber = GroupNumber(oldGroupNumber);
+    const std::int32_t newNumber = GroupNumber(newGroupNumber);
+    if (!GroupExists(oldNumber)) RaiseCatalogue(696, ErrorSource);
+    if (GroupExists(newNumber)) RaiseCatalogue(697, ErrorSource);
     Wrapped(577, [&] {
-        table_.RenumberGroup(oldGroupNumber, newGroupNumber);
+        table_.RenumberGroup(oldNumber, newNumber);
         IsDirty(true);
     });
 }

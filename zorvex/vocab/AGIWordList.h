@@ -31,7 +31,7 @@ inline const AGIWord& ShownWord(const AGIWord* word) {
 /// and the moving of pointers.
 class AGIWordList : public GameList {
   public:
-    static constexpr std::string_view ErrorSource = "ZORVEX.AGIWordList";
+    static constexpr std::string_view ErrorSource = VocabularyErrorSource;
 
     AGIWordList();
 
@@ -51,13 +51,13 @@ class AGIWordList : public GameList {
     // --- Words ---
     std::int32_t WordCount() const;
     /// The word at a position from 0. The reference holds until the word is removed. Raises 9.
-    const AGIWord& Item(std::int32_t index) const;
+    const AGIWord& Item(AnyInteger index) const;
     /// The word of a text. Raises 586, "Word not found".
     const AGIWord& Item(std::string_view text) const;
     bool WordExists(std::string_view text) const;
     /// Adds a word to a group, which is made if it is not there. Raises 579 for a word that is there, 581 for
     /// a group number out of range, 673 for any other fault.
-    void AddWord(std::string_view wordText, std::int32_t group);
+    void AddWord(std::string_view wordText, AnyInteger group);
     /// Removes a word; its group stays. Raises 584 for a word that is not there.
     void RemoveWord(std::string_view text);
 
@@ -65,25 +65,31 @@ class AGIWordList : public GameList {
     using Iterator = MappedIterator<std::vector<const AGIWord*>::const_iterator, ShownWord>;
     Iterator begin() const;
     Iterator end() const;
+    /// The number of words, as WordCount.
+    std::size_t size() const { return static_cast<std::size_t>(WordCount()); }
+    bool empty() const { return size() == 0; }
 
     // --- Groups ---
+    /// All groups in order of their numbers, in place, until the list of groups changes.
+    const std::vector<std::shared_ptr<AGIWordGroup>>& Groups() const;
     std::int32_t GroupCount() const;
     /// The group at a position from 0. Raises 588.
-    std::shared_ptr<AGIWordGroup> Group(std::int32_t index) const;
+    std::shared_ptr<AGIWordGroup> Group(AnyInteger index) const;
     /// The group of a number. Raises 575.
-    std::shared_ptr<AGIWordGroup> GroupN(std::int32_t groupNumber) const;
-    bool GroupExists(std::int32_t groupNumber) const;
+    std::shared_ptr<AGIWordGroup> GroupN(AnyInteger groupNumber) const;
+    bool GroupExists(AnyInteger groupNumber) const;
     /// Adds an empty group. Raises 575 for a number out of range, 576 for one in use, 578 for any other
     /// fault.
-    void AddGroup(std::int32_t groupNumber);
+    void AddGroup(AnyInteger groupNumber);
     /// Removes a group with all its words. Raises 575 and 583, and 695 for any other fault.
-    void RemoveGroup(std::int32_t groupNumber);
+    void RemoveGroup(AnyInteger groupNumber);
     /// Gives a group, and all its words, another number. Raises 575, 696 when there is no such group, 697
     /// when the new number is in use, 577 for any other fault.
-    void RenumberGroup(std::int32_t oldGroupNumber, std::int32_t newGroupNumber);
+    void RenumberGroup(AnyInteger oldGroupNumber, AnyInteger newGroupNumber);
 
   private:
-    static void CheckGroupNumber(std::int32_t groupNumber);
+    /// A group number that is one; else raises the error of that id.
+    static std::int32_t GroupNumber(AnyInteger number, std::int32_t id = 575);
     void Take(const VocabularyData& data);
     bool TakeDecoded(const std::optional<VocabularyData>& data);
 

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "zorvex/base/Types.h"
@@ -26,6 +27,9 @@ VocabularyData DefaultVocabulary();
 /// words with the same text the last one counts, but the groups of all of them stay. The default words take
 /// the place of none at all.
 void ArrangeVocabulary(VocabularyData& data);
+
+/// The source that errors of word lists carry.
+inline constexpr std::string_view VocabularyErrorSource = "ZORVEX.AGIWordList";
 
 /// The highest group number.
 inline constexpr std::int32_t MaxGroupNumber = 65535;

@@ -45,13 +45,12 @@ const AGIWord* WordTable::FindWord(std::string_view text) const {
     return found == byText_.end() ? nullptr : found->second.get();
 }
 
-WordTable::GroupPlace WordTable::PlaceOfGroup(std::int32_t number) const {
-    return std::lower_bound(
-        groups_.begin(), groups_.end(), number,
-        [](const auto& group, std::int32_t wanted) { return group->GroupNum() < wanted; });
+WordTable::GroupPlace WordTable::PlaceOfGroup(AnyInteger number) const {
+    return std::lower_bound(groups_.begin(), groups_.end(), number,
+                            [](const auto& group, AnyInteger wanted) { return group->GroupNum() < wanted; });
 }
 
-std::shared_ptr<AGIWordGroup> WordTable::FindGroup(std::int32_t number) const {
+std::shared_ptr<AGIWordGroup> WordTable::FindGroup(AnyInteger number) const {
     const GroupPlace place = PlaceOfGroup(number);
     return place != groups_.end() && (*place)->GroupNum() == number ? *place : nullptr;
 }

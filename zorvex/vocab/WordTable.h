@@ -28,7 +28,7 @@ class WordTable {
     /// The word of a text, or null.
     const AGIWord* FindWord(std::string_view text) const;
     /// The group of a number, or null.
-    std::shared_ptr<AGIWordGroup> FindGroup(std::int32_t number) const;
+    std::shared_ptr<AGIWordGroup> FindGroup(AnyInteger number) const;
     /// A copy of the contents without a description.
     VocabularyData Contents() const;
 
@@ -42,7 +42,7 @@ class WordTable {
   private:
     using GroupPlace = std::vector<std::shared_ptr<AGIWordGroup>>::const_iterator;
 
-    GroupPlace PlaceOfGroup(std::int32_t number) const;
+    GroupPlace PlaceOfGroup(AnyInteger number) const;
     AGIWord& Store(std::string_view text, std::int32_t group);
 
     std::unordered_map<std::string_view, std::unique_ptr<AGIWord>>

@@ -7,7 +7,6 @@
 
 #include "zorvex/base/Error.h"
 #include "zorvex/base/Text.h"
-#include "zorvex/vocab/AGIWordList.h"
 #include "zorvex/vocab/TextForm.h"
 
 namespace zorvex {
@@ -46,7 +45,7 @@ std::optional<VocabularyData> DecodeWordsText(ByteView bytes, std::int32_t* badL
         if (!group || !groups.insert(*group).second) return std::nullopt;
         for (std::size_t i = 0; i < tabs; ++i) {
             std::string word = LowerCase(TakeField(line));
-            if (!words.insert(word).second) RaiseCatalogue(579, AGIWordList::ErrorSource);
+            if (!words.insert(word).second) RaiseCatalogue(579, VocabularyErrorSource);
             data.Words.push_back({std::move(word), *group});
         }
     }

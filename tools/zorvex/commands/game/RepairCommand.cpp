@@ -41,6 +41,10 @@ std::vector<std::string> StepsOfLoad(const OpenedGame& opened, bool dropped) {
     return steps;
 }
 
+bool HasList(const AGIGame& game, AGIResType type) {
+    return type == rtWords ? game.VocabularyWords()->Loaded() : game.InventoryObjects()->Loaded();
+}
+
 /// Faults that are still there, with what helps against them.
 std::vector<std::string> Remaining(AGIGame& game) {
     std::vector<std::string> remaining;
@@ -49,7 +53,7 @@ std::vector<std::string> Remaining(AGIGame& game) {
             remaining.push_back(issue.Text +
                                 "; put the missing file there, or --drop-missing takes the "
                                 "entry out of the directory");
-        } else if (issue.Kind == LoadIssueKind::List) {
+        } else if (issue.Kind == LoadIssueKind::List && !HasList(game, issue.Type)) {
             remaining.push_back(issue.Text + "; 'zorvex " +
                                 (issue.Type == rtWords ? "words-import" : "objects-import") +
                                 "' puts a new one in its place");
