@@ -5,6 +5,8 @@
 #include <cstdlib>
 
 #include "fuzz/Check.h"
+#include "zorvex/base/HostText.h"
+#include "zorvex/state/PropertyText.h"
 
 namespace zorvex::fuzz {
 
@@ -28,19 +30,31 @@ std::vector<Item> ItemsOf(AGIInventoryObjects& list) {
     return items;
 }
 
+namespace {
+
+/// A value as a property file gives it back: what is no text has become one, and not every value survives.
+std::string AsKept(const std::string& value) {
+    return DecodeValue(EncodeValue(HostTextOf(value)));
+}
+
+}  // namespace
+
 std::map<std::string, std::string> PropertiesOf(const AGIGame& game) {
-    return {{"GameID", UpperCase(game.GameID())},
-            {"Author", game.GameAuthor()},
-            {"About", game.GameAbout()},
-            {"Description", game.GameDescription()},
-            {"GameVersion", game.GameVersion()},
-            {"Interpreter", game.InterpreterVersion()},
-            {"PlatformType", std::to_string(game.PlatformType())},
-            {"Platform", game.Platform()},
-            {"PlatformOpts", game.PlatformOpts()},
-            {"DOSExec", game.DOSExec()},
-            {"UseLE", game.UseLE() ? "True" : "False"},
-            {"Color3", std::to_string(game.EGAColor(3))}};
+    std::map<std::string, std::string> properties{{"GameID", UpperCase(HostTextOf(game.GameID()))},
+                                                  {"Author", game.GameAuthor()},
+                                                  {"About", game.GameAbout()},
+                                                  {"Description", game.GameDescription()},
+                                                  {"GameVersion", game.GameVersion()},
+                                                  {"Interpreter", game.InterpreterVersion()},
+                                                  {"PlatformType", std::to_string(game.PlatformType())},
+                                                  {"Platform", game.Platform()},
+                                                  {"PlatformOpts", game.PlatformOpts()},
+                                                  {"DOSExec", game.DOSExec()},
+                                                  {"UseLE", game.UseLE() ? "True" : "False"},
+                                                  {"Color3", std::to_string(game.EGAColor(3))}};
+    for (auto& [name, value] : properties)
+        value = AsKept(value);
+    return properties;
 }
 
 ResourceCollectionBase& CollectionIn(const AGIGame& game, AGIResType type) {
@@ -82,7 +96,11 @@ bool MayLack(const Saved& saved) {
 }
 
 void CheckResource(GameResource& resource, const Key& key, const Saved& saved) {
-    if (!saved.IDs.empty() && !saved.IDs.contains(resource.ID()))
+    const auto isOf = [&](const std::string& id) {
+        const std::string kept = AsKept(id);
+        return kept.empty() || kept == resource.ID();
+    };
+    if (!saved.IDs.empty() && std::ranges::none_of(saved.IDs, isOf))
         Differs("the ID of " + NameOf(key), resource.ID(), *saved.IDs.begin());
     if (MayLack(saved)) return;
     resource.Resource().Load();

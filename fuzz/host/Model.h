@@ -20,8 +20,6 @@ struct Saved {
     std::vector<ByteArray> Bytes;  // those that it may have; none: any
     std::set<std::string> IDs;     // none: any
     bool MayBeAbsent = false;
-
-    static Saved Exactly(ByteArray bytes) { return {.Bytes = {std::move(bytes)}}; }
 };
 
 struct Item {

@@ -22,6 +22,7 @@
 #include "zorvex/state/AGIGameEvents.h"
 #include "zorvex/state/GameProperties.h"
 #include "zorvex/state/LibraryState.h"
+#include "zorvex/state/PropertyText.h"
 #include "zorvex/storage/FileSwap.h"
 #include "zorvex/vocab/AGIInventoryObjects.h"
 #include "zorvex/vocab/AGIWordList.h"
@@ -157,7 +158,7 @@ void RenameV3Files(const std::string& oldID, const std::string& newID) {
 void RequireUsableID(std::string_view id) {
     const bool isControl =
         std::ranges::any_of(id, [](char c) { return static_cast<unsigned char>(c) < ' '; });
-    if (isControl || !IsPlainName(id) || Trim(id) != id ||
+    if (isControl || !IsPlainName(id) || DecodeValue(EncodeValue(id)) != id ||
         id.find_first_of("*?\"<>|") != std::string_view::npos)
         RaiseRuntime(reBadFileName);
 }
