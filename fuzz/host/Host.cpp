@@ -134,7 +134,7 @@ void Host::Run() {
         Operate();
     act_ = HandlerAct::None;
     for (std::size_t i = 0; i < desks_.size(); ++i) {
-        Close();
+        Close(false);
         SwitchDesk();
     }
     for (Desk& desk : desks_)

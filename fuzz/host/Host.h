@@ -88,7 +88,7 @@ class Host {
     void HandleEvent();
     void Open();
     void Opened(bool fromDirectory);
-    void Close();
+    void Close(bool check = true);
     void CheckClosed(Desk& desk);
     void Abandon();
     void SwitchDesk();

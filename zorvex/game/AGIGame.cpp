@@ -158,7 +158,7 @@ void RenameV3Files(const std::string& oldID, const std::string& newID) {
 void RequireUsableID(std::string_view id) {
     const bool isControl =
         std::ranges::any_of(id, [](char c) { return static_cast<unsigned char>(c) < ' '; });
-    if (isControl || !IsPlainName(id) || DecodeValue(EncodeValue(id)) != id ||
+    if (isControl || !IsPlainName(id) || Trim(id) != id || DecodeValue(EncodeValue(id)) != id ||
         id.find_first_of("*?\"<>|") != std::string_view::npos)
         RaiseRuntime(reBadFileName);
 }
