@@ -38,8 +38,8 @@ void Host::Open() {
     if (desk.IsOpen()) {
         Opened(fromDirectory);
     } else {
-        desk.Looked.reset();
         // A handler may have ended it after the property file was set aside.
+        desk.Looked.reset();
         if (fromDirectory) desk.OnDisk.ForgetNames();
     }
 }
@@ -77,15 +77,19 @@ void Host::Close(bool check) {
     if (check) CheckClosed(desk);
 }
 
-/// The game ends without being closed.
+void Host::GiveUp() {
+    Desk& desk = Present();
+    if (desk.Looked) {
+        desk.OnDisk = *std::exchange(desk.Looked, std::nullopt);
+    } else {
+        desk.OnDisk.ForgetNames();
+    }
+}
+
 void Host::Abandon() {
     Desk& desk = Present();
     if (desk.Building || depth_ > 1) return;  // the objects of a running call stay
-    if (desk.Looked) {
-        desk.OnDisk = *std::exchange(desk.Looked, std::nullopt);
-    } else if (desk.IsOpen()) {
-        desk.OnDisk.ForgetNames();
-    }
+    if (desk.Looked || desk.IsOpen()) GiveUp();
     desk.Watching.clear();
     switch (input_.Below(3)) {
         case 0: desk.Game.reset(); break;

@@ -109,9 +109,8 @@ void Host::HandleEvent() {
         case HandlerAct::Throw: throw Error(5, "host", "thrown by a handler");
         case HandlerAct::ThrowOwn: throw HostFault();
         case HandlerAct::Close:
-            // What it closes in the middle of a run has unsaved names.
             Try([&] { Game().CloseGame(); });
-            if (!Present().Looked) Present().OnDisk.ForgetNames();
+            GiveUp();
             break;
         case HandlerAct::Ask: Walk(); break;
         case HandlerAct::Any: {

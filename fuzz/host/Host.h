@@ -90,6 +90,8 @@ class Host {
     void Opened(bool fromDirectory);
     void Close(bool check = true);
     void CheckClosed(Desk& desk);
+    /// The game has ended otherwise than by Close.
+    void GiveUp();
     void Abandon();
     void SwitchDesk();
     void SetProperty();
