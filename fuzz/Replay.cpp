@@ -4,8 +4,8 @@
 //     FuzzName CORPUS-DIRECTORY-OR-FILE... [--mutations N] [--seed S]
 //
 // Without kept inputs the mutations grow out of the empty input. The number and seed can also come from the
-// environment variables ZORVEX_MUTATIONS and ZORVEX_SEED. A failure says which input and mutation it was
-// before it ends the program.
+// environment variables ZORVEX_MUTATIONS and ZORVEX_SEED, and ZORVEX_CUTS tells how many beginnings are run.
+// A failure says which input and mutation it was before it ends the program.
 #include <algorithm>
 #include <csignal>
 #include <cstdint>
@@ -33,6 +33,7 @@ using Input = std::vector<std::uint8_t>;
 
 struct Options {
     unsigned long mutations = 2000;
+    unsigned long cuts = 1024;
     unsigned long seed = 1;
     std::vector<std::filesystem::path> paths;
 };
@@ -122,7 +123,9 @@ void Run(const std::string& name, const char* change, unsigned long number, cons
 void Replay(const std::string& name, const Input& input, const Options& options) {
     constexpr std::size_t longestCut = 1024;
     Run(name, "as kept", 0, input);
-    for (std::size_t size = 0; size < std::min(input.size(), longestCut); ++size)
+    const std::size_t cutEnd = std::min(input.size(), longestCut);
+    const std::size_t step = 1 + cutEnd / (options.cuts + 1);
+    for (std::size_t size = 0; size < cutEnd; size += step)
         Run(name, "cut at", size, Input(input.begin(), input.begin() + static_cast<std::ptrdiff_t>(size)));
     Mutator mutator(options.seed);
     for (unsigned long i = 1; i <= options.mutations; ++i)
@@ -132,6 +135,7 @@ void Replay(const std::string& name, const Input& input, const Options& options)
 Options ReadOptions(int count, char** arguments) {
     Options options;
     if (const char* set = std::getenv("ZORVEX_MUTATIONS")) options.mutations = std::strtoul(set, nullptr, 10);
+    if (const char* set = std::getenv("ZORVEX_CUTS")) options.cuts = std::strtoul(set, nullptr, 10);
     if (const char* set = std::getenv("ZORVEX_SEED")) options.seed = std::strtoul(set, nullptr, 10);
     for (int i = 1; i < count; ++i) {
         const std::string_view argument = arguments[i];

@@ -1,5 +1,7 @@
 #include "zorvex/game/AGIGame.h"
 
+#include <algorithm>
+
 #include "zorvex/base/Internal.h"
 #include "zorvex/game/HeldObjects.h"
 
@@ -20,6 +22,7 @@
 #include "zorvex/state/AGIGameEvents.h"
 #include "zorvex/state/GameProperties.h"
 #include "zorvex/state/LibraryState.h"
+#include "zorvex/state/PropertyText.h"
 #include "zorvex/storage/FileSwap.h"
 #include "zorvex/vocab/AGIInventoryObjects.h"
 #include "zorvex/vocab/AGIWordList.h"
@@ -150,6 +153,16 @@ void RenameV3Files(const std::string& oldID, const std::string& newID) {
     swap.Run();
 }
 
+/// An ID becomes part of file names and of patterns of them, so it must not lead out of the directory; and
+/// the property file must give it back, or the game could not be opened again.
+void RequireUsableID(std::string_view id) {
+    const bool isControl =
+        std::ranges::any_of(id, [](char c) { return static_cast<unsigned char>(c) < ' '; });
+    if (isControl || !IsPlainName(id) || Trim(id) != id || DecodeValue(EncodeValue(id)) != id ||
+        id.find_first_of("*?\"<>|") != std::string_view::npos)
+        RaiseRuntime(reBadFileName);
+}
+
 }  // namespace
 
 void AGIGame::GameID(std::string_view value) {
@@ -159,8 +172,7 @@ void AGIGame::GameID(std::string_view value) {
     const std::string oldID = library.GameID;
     if (newID == oldID) return;
     const auto failed = Attempt([&] {
-        // An ID becomes part of file names, so it must not lead out of the directory.
-        if (newID.find_first_of("\\/:") != std::string::npos) RaiseRuntime(reBadFileName);
+        RequireUsableID(newID);
         if (library.IsV3) RenameV3Files(oldID, newID);
         if (EqualNoCase(library.GameFile, library.GameDir + oldID + ".zvg"))
             GameFile(library.GameDir + newID + ".zvg");

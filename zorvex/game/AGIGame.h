@@ -119,8 +119,8 @@ class AGIGame {
 
     // --- Identity and places ---
     /// At most 6 characters, 5 in a V3 game; longer values are cut. The setter renames the V3 directory and
-    /// volume files and a property file named after the ID. Raises 677 while no game is open and 530 when a
-    /// rename fails.
+    /// volume files and a property file named after the ID. Raises 677 while no game is open, and 530 when a
+    /// rename fails and for an ID that cannot be part of a file name, such as an empty one.
     std::string GameID() const;
     void GameID(std::string_view value);
     /// The game directory, or the current directory while no game is open. The setter moves no file; what is
