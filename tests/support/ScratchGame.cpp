@@ -1,5 +1,8 @@
 #include "tests/support/ScratchGame.h"
 
+#include <algorithm>
+#include <stdexcept>
+
 #include "tests/support/GameBuilder.h"
 #include "zorvex/base/Error.h"
 #include "zorvex/base/Text.h"
@@ -34,12 +37,15 @@ std::string WarningText(const std::string& warning) {
     return Placed(parts[2], parts[3], parts[0] + " " + parts[1]);
 }
 
-/// A check tells the same as a compile, up to the error that ends the compile.
-void ExpectSameStart(const std::vector<Diagnostic>& told, const LogicCheck& check) {
-    EXPECT_EQ(check.HasErrors(), !told.empty() && told.back().IsError());
+/// A check tells the same as a compile, up to the error that ends the compile. This stands below every test
+/// and fuzz target of the compiler, so it fails whichever of them it is in.
+void RequireSameStart(const std::vector<Diagnostic>& told, const LogicCheck& check) {
     const std::size_t count = std::min(told.size(), check.Diagnostics.size());
-    EXPECT_TRUE(std::equal(told.begin(), told.end(), check.Diagnostics.begin(),
-                           check.Diagnostics.begin() + static_cast<std::ptrdiff_t>(count)));
+    const bool same = std::equal(told.begin(), told.begin() + static_cast<std::ptrdiff_t>(count),
+                                 check.Diagnostics.begin());
+    const bool failed = !told.empty() && told.back().IsError();
+    if (!same || check.HasErrors() != failed || (failed && count != told.size()))
+        throw std::logic_error("a check of the source tells another thing than its compile");
 }
 
 }  // namespace
@@ -93,12 +99,12 @@ ScratchGame::Result ScratchGame::Compile(std::string_view source, std::uint8_t n
         CompileLogic(*logic);
     } catch (const Error& error) {
         result.error = ErrorText(error);
-        ExpectSameStart(told, check);
+        RequireSameStart(told, check);
         return result;
     }
     const ByteArray bytes = logic->AllData();
-    ExpectSameStart(told, check);
-    EXPECT_TRUE(check.Bytes == bytes);
+    RequireSameStart(told, check);
+    if (check.Bytes != bytes) throw std::logic_error("a check gives other bytes than a compile");
     const auto codeEnd = static_cast<std::ptrdiff_t>(bytes[0] + 256 * bytes[1] + 2);
     result.code = ByteArray(bytes.begin() + 2, bytes.begin() + codeEnd);
     try {
