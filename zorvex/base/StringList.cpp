@@ -1,5 +1,7 @@
 #include "zorvex/base/StringList.h"
 
+#include <atomic>
+
 #include "zorvex/base/Checked.h"
 #include "zorvex/base/Error.h"
 #include "zorvex/base/Text.h"
@@ -7,7 +9,7 @@
 namespace zorvex {
 
 void StringList::LinesChanged() {
-    static std::uint64_t lastRevision = 0;
+    static std::atomic<std::uint64_t> lastRevision = 0;  // of all lists of all threads
     revision_ = ++lastRevision;
     ListChanged.Raise();
 }
