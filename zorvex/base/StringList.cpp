@@ -9,7 +9,7 @@
 namespace zorvex {
 
 void StringList::LinesChanged() {
-    static std::atomic<std::uint64_t> lastRevision = 0;  // of all lists of all threads
+    static std::atomic<std::uint64_t> lastRevision = 0;
     revision_ = ++lastRevision;
     ListChanged.Raise();
 }
