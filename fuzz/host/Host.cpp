@@ -171,6 +171,8 @@ void Host::Operate() {
         case 20: EditItems(); break;
         default: EditResource(); break;
     }
+    // The file is where the game says, even when the game is never closed.
+    if (Present().IsOpen() && !Present().Looked) Present().GameFile = Game().GameFile();
     --depth_;
 }
 

@@ -136,7 +136,7 @@ void Host::EditTrack(AGITrack& track) {
             break;
         case 7: Try([&] { note_ = notes->Item(number); }); break;
         default:
-            Try([&] { note_ = notes->Add(input_.Number(), number, input_.Number(), number - 5); });
+            Try([&] { note_ = notes->Add(input_.Number(), number, input_.Number(), number / 2 - 5); });
             break;
     }
 }

@@ -93,6 +93,22 @@ TEST_F(OpenGameTest, ADirectoryOpensWithAPropertyFileOfItsOwnAndThenByThat) {
     EXPECT_EQ(game.GameID() + " " + Library().GameFile, "OTHER \\game\\other.zvg");
 }
 
+TEST_F(OpenGameTest, AnOpeningThatFailsPutsThePropertyFileBack) {
+    game.OpenGameDIR("\\game");
+    const std::string file = game.GameFile();
+    game.GameAuthor("Somebody");
+    game.CloseGame();
+    for (const int step : {1, 2, 5}) {
+        int events = 0;
+        const auto handler = game.GameEvents().LoadStatus.Subscribe(
+            [&](ELStatus, AGIResType, std::uint8_t, const std::string&) {
+                if (++events == step) RaiseRuntime(reInvalidCall);
+            });
+        EXPECT_RUNTIME(5, game.OpenGameDIR("\\game"));
+        EXPECT_TRUE(Has(TextOf(Files().Read(file)), "Somebody")) << step;
+    }
+}
+
 TEST_F(OpenGameTest, WarningsLeaveTheGameOpen) {
     Files().Remove("\\game\\WORDS.TOK");
     Write("OBJECT", "?");

@@ -62,9 +62,9 @@ class AGIGame {
     /// True while a game is open that was opened to be looked at only.
     bool ReadOnly() const;
     /// Opens the AGI game of a directory. A property file already there is set aside as .OLD and a new one is
-    /// written. Raises 501 while a game is open, 541 for a directory without a game, 543 for an unknown
-    /// version, and what the directory files give (524, 542, 545, the plain 511). 636 means that the game is
-    /// open and that errlog.txt in its directory has warnings.
+    /// written; when the opening fails it is put back. Raises 501 while a game is open, 541 for a directory
+    /// without a game, 543 for an unknown version, and what the directory files give (524, 542, 545, the
+    /// plain 511). 636 means that the game is open and that errlog.txt in its directory has warnings.
     void OpenGameDIR(std::string_view newGameDir);
     /// Opens the game of a property file. Raises 501, and with a bare file name or path as description 655
     /// (no such file), 541 (no such directory), 665 (made by another version), 690 (no game ID), 691 (unknown
@@ -208,6 +208,7 @@ class AGIGame {
     /// The record of this game's workspace; raises 91 when that is not current or belongs to another AGIGame.
     LibraryState& State() const;
     void OpenDirectory(std::string_view directory, const OpenOptions& options);
+    void BeginPropertyFile();
     void OpenPropertyFile(std::string_view file, const OpenOptions& options);
     void ChangeGeneration(const std::string& version);
 

@@ -238,9 +238,20 @@ void AGIGame::OpenDirectory(std::string_view newGameDir, const OpenOptions& opti
     }
 
     library.GameFile = library.GameDir + library.GameID + ".zvg";
-    const std::string backup = library.GameFile + ".OLD";
+    const std::string file = library.GameFile;
+    const std::string backup = file + ".OLD";
     Attempt([&] { Files().Remove(backup); });
-    Attempt([&] { Files().Rename(library.GameFile, backup); });
+    const bool setAside = !Attempt([&] { Files().Rename(file, backup); });
+    // An opening that fails leaves the property file where it was.
+    Guarded([&] { BeginPropertyFile(); },
+            [&] {
+                if (setAside && !Library().GameLoaded && !FileExists(file)) Files().Rename(backup, file);
+            });
+}
+
+/// Of a game that is opened from its directory.
+void AGIGame::BeginPropertyFile() {
+    LibraryState& library = Library();
     library.PropertyList = std::make_shared<StringList>();
     library.PropertyList->Add(library.GameFile);
     library.PropertyList->Add("# Zorvex Game Property File");
