@@ -55,6 +55,7 @@ void StatementCompiler::CompileAGI() {
 
 void StatementCompiler::Statement() {
     const std::string_view token = token_;
+    run_.QuoteErrLine = -1;
     if (token == "{") {
         if (!EqualNoCase(prevToken_, "if") && !EqualNoCase(prevToken_, "else")) run_.Fail(4008);
     } else if (token == "}") {
@@ -222,7 +223,6 @@ void StatementCompiler::CompileNamed() {
 void StatementCompiler::CompileCommand(std::uint8_t command) {
     run_.Append(command);
     if (!TakeChar(run_, '(')) run_.Fail(4048);
-    run_.QuoteErrLine = -1;
     std::array<std::uint8_t, 8> values{};
     ReadArguments(command, values);
     ValidateArgs(run_, command, values);
