@@ -52,7 +52,7 @@ bool CanResistDecompiling(const std::string& source) {
 bool IsPlaced(const std::string& description) {
     const std::vector<std::string> parts = Split(description, "|");
     return parts.size() >= 3 && ParseNumber(parts[0]).value_or(0) >= 1 &&
-           (parts[1].empty() || parts[1].ends_with("\\inc.txt")) &&
+           (parts[1].empty() || LowerCase(parts[1]).ends_with("\\inc.txt")) &&
            (parts[2].starts_with('4') || parts[2].starts_with('-'));
 }
 

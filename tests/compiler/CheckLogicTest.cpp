@@ -49,7 +49,7 @@ TEST(CheckLogic, GoesOnAtTheNextStatement) {
              {"{ set(1); }\nset(2);\nreturn();", "4008@1 4063@1 4063@2"},
              {"else { set(1); }\nreturn();", "4011@1 4063@1"},
              {"if (f1) {\nset(1);\nreturn();", "4063@2"},
-             {"if (f1) {\nset(f50);\nreturn();", "4009@4"},
+             {"if (f1) {\nset(f50);\nreturn();", "4009@3"},
              {"foo(\nif (f1) { set(f50); }\nreturn();", "4116@1"},
              // What fails before the statements does not fail again in them.
              {"#define x\n#define v5 3\n#define y 300 q\n#message 300 \"a\"\n#message 5 "

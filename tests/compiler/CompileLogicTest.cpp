@@ -3,6 +3,7 @@
 #include "zorvex/base/Internal.h"
 #include "zorvex/logic/LogCompile.h"
 #include "zorvex/state/GameProperties.h"
+#include "zorvex/view/AGIViews.h"
 #include "zorvex/vocab/AGIInventoryObjects.h"
 
 namespace zorvex::test {
@@ -103,6 +104,9 @@ TEST(CompileLogic, PositionsHave16Bits) {
     EXPECT_EQ(errorOf(full + "goto(l);\nset(f50);\nl:\nreturn();"),
               library + "846 (658): Unhandled error in CompileAGI method(6:Overflow)");
     EXPECT_EQ(errorOf(full + "set(f50);\nreturn();"), "no error");
+    const auto logic = game.Logic(1);
+    logic->SourceText("if (f1) {\n" + full + "set(f50);set(f50);\n}\nreturn();");
+    EXPECT_RAISED(raised->Is(658) && raised->Source() == "LogCompile", CompileLogic(*logic));
     // The fields of the message section lie past the last position that can be patched.
     EXPECT_EQ(errorOf(full + full + "return();"),
               library + "988 (516): Resource can't exceed maximum allowable size.");
@@ -170,6 +174,64 @@ TEST(CompileLogic, WarningsCarryTheirPlaceAndCanBeIgnored) {
     EXPECT_EQ(warnings[0].substr(0, 6), "1 5108");
 }
 
+TEST(CompileLogic, LeavesViewsAsTheyAre) {
+    ScratchGame game;
+    game.Settings().ErrorLevel(leMedium);
+    const auto& views = Library().Views;
+    const auto warningsFor = [&](std::string_view view, std::string_view loop, std::string_view cel) {
+        std::string numbers;
+        for (const std::string& warning :
+             game.Compile("add.to.pic(" + std::string(view) + ", " + std::string(loop) + ", " +
+                          std::string(cel) + ", 1, 1, 4, 4);\nreturn();")
+                 .warnings)
+            numbers += warning.substr(3, 4) + " ";
+        return numbers;
+    };
+    const auto view = views->Item(1);
+    view->ViewDescription("unsaved");
+    EXPECT_EQ(warningsFor("1", "0", "0"), "");
+    EXPECT_EQ(warningsFor("1", "1", "0"), "5085 ");
+    EXPECT_EQ(warningsFor("1", "0", "1"), "5086 ");
+    EXPECT_FALSE(view->Loaded());
+    EXPECT_TRUE(view->IsDirty());
+
+    view->Load();
+    view->Loops()->Item(0)->Cels()->Add(1);
+    EXPECT_EQ(warningsFor("1", "0", "1"), "");  // as it is now, not as it was saved
+    EXPECT_EQ(view->Loops()->Item(0)->Cels()->Count(), 2);
+    EXPECT_TRUE(view->IsDirty());
+
+    EXPECT_EQ(warningsFor("2", "0", "0"), "5021 ");
+    EXPECT_EQ(warningsFor("3", "0", "0"), "5064 ");
+    const auto damaged = views->Item(2);
+    damaged->Resource().Load();
+    EXPECT_EQ(warningsFor("2", "0", "0"), "5021 ");
+    EXPECT_TRUE(damaged->Loaded());
+}
+
+TEST(CompileLogic, NumbersThatAreNone) {
+    ScratchGame game;
+    const std::string odd = "1." + std::string(320, '0');
+    EXPECT_EQ(game.Compile("draw.pic(v1); random(" + odd + ", 5, v50);\nreturn();").error,
+              "1: 4066: Invalid value for argument 1 (must be between 0-255)");
+    for (const std::string& text : {odd, "-" + odd, std::string(400, '9'), "-" + std::string(400, '9')}) {
+        for (const std::string& source :
+             {"v50 = " + text + ";", "v50 += " + text + ";", "set(f" + text + ");",
+              "random(" + text + ", 5, v50);", "if (said(" + text + ")) { v50 = 1; }",
+              "#define x v" + text + "\nset(x);", "#message " + text + " \"a\""})
+            EXPECT_NE(game.Compile(source + "\nreturn();").error, "") << source.substr(0, 12);
+    }
+}
+
+TEST(CompileLogic, BlamesTheReturnBeforeAMissingBrace) {
+    ScratchGame game;
+    game.Write("inc.txt", "\n\nif (f1) {\nreturn();");
+    EXPECT_EQ(game.Compile(Repeated(9, "// @\n") + "#include \"inc.txt\"\n").error,
+              "inc.txt:4: 4009: '}' expected");
+    game.Settings().ErrorLevel(leLow);
+    EXPECT_EQ(game.Compile("#include \"inc.txt\"\nset(f50);\n// end").error, "3: 4009: '}' expected");
+}
+
 TEST(CompileLogic, FollowsTheGame) {
     ScratchGame game;
     game.Settings().UseReservedNames(true);
@@ -191,6 +253,8 @@ TEST(CompileLogic, FollowsTheGame) {
     EXPECT_EQ(numberIn("door"), 7);
     EXPECT_EQ(numberIn("gate"), 8);
     Library().Logics->Item(1)->Unload();
+    WriteGlobals(game, "door\t9\r\n#define gate 8\r\n");  // of the same length, in the same second
+    EXPECT_EQ(numberIn("door"), 9);
     game.Files().Remove("\\game\\globals.txt");
     EXPECT_EQ(numberIn("door"), -1);
 

@@ -60,6 +60,10 @@ TEST(LogDecode, RefusesAnArgumentWithoutAName) {
     settings.NamesAsText = true;
     for (const ByteArray& code : {ByteArray{0x17, 3}, ByteArray{0xFF, 8, 3, 0xFF, 1, 0, 0}})
         EXPECT_ERROR(688, DecodeLogic(LogicOf(code), settings, DecodeNames()));
+    settings.SpecialSyntax = true;
+    for (const ByteArray& code :
+         {ByteArray{3, 3, 7}, ByteArray{4, 50, 3}, ByteArray{0xFF, 3, 3, 9, 0xFF, 1, 0, 0}})
+        EXPECT_ERROR(688, DecodeLogic(LogicOf(code), settings, DecodeNames()));
     names.ResetResDefines();
 }
 

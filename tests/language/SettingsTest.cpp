@@ -85,7 +85,10 @@ TEST_F(SettingsTest, BringsBadNamesBack) {
 TEST_F(SettingsTest, BringsNamesOfOtherValuesBack) {
     EXPECT_EQ(NameAfterCheck(1, 0, "PREVIOUSROOM"), "currentRoom");
     EXPECT_EQ(NameAfterCheck(3, 0, "stopped"), "stopped") << "both stand for 0";
+    EXPECT_EQ(NameAfterCheck(8, 2, "gameid"), "gameid") << "both texts are empty";
+    Library().GameID = "CAVE";
     EXPECT_EQ(NameAfterCheck(8, 2, "gameid"), "gameAboutMsg") << "different texts of the game";
+    Library().GameID.clear();
     EXPECT_EQ(NameAfterCheck(8, 2, "numberofitems"), "gameAboutMsg")
         << "a number, whose value a compile fills";
     EXPECT_EQ(NameAfterCheck(1, 0, "inputprompt"), "inputprompt") << "its name is not compared";

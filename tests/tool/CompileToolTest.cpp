@@ -55,6 +55,19 @@ TEST_F(CompileTool, CompilesWhatItCan) {
     EXPECT_EQ(StatusOf({"compile", game.Native(), "1", "--level", "none"}), 2);
 }
 
+TEST_F(CompileTool, SaysWhichListIsMissing) {
+    WriteGame(game);
+    game.Write("src/Logic1.lgc", "if (said(1)) { set(f50); }\r\nreturn();");
+    game.Write("WORDS.TOK", "x");
+    game.Write("OBJECT", "x");
+    for (const std::string command : {"compile", "build"}) {
+        const std::string said = RunTool({command, game.Native()}).Diagnostics;
+        EXPECT_TRUE(Has(said, "the vocabulary (WORDS.TOK) cannot be read: logics that use 'said'")) << said;
+        EXPECT_TRUE(Has(said, "the inventory (OBJECT) cannot be read")) << said;
+        EXPECT_TRUE(Has(said, "4162: The vocabulary (WORDS.TOK) is not available; argument 2")) << said;
+    }
+}
+
 TEST_F(CompileTool, SaysOnceWhatAnIncludedFileGivesEveryLogic) {
     WriteGame(game);
     game.Write("src/Logic1.lgc", "#include \"inc.txt\"\r\nload.view(9);\r\nreturn();");

@@ -207,7 +207,7 @@ template <class Step>
 decltype(auto) WrappedRuntime(std::int32_t id, Step&& step) {
     return RunStep(std::forward<Step>(step), [id](const Error& error) {
         if (IsLibraryError(error)) throw error;
-        RaiseWrapped(id, error);
+        RaiseCatalogue(id, "LogCompile", error.NumberAndText());
     });
 }
 

@@ -134,16 +134,16 @@ void IfCompiler::CompileTestCommand(std::uint8_t test) {
     if (!TakeChar(run_, '(')) run_.Fail(4048);
     if (test == returnFalseTest) run_.Report(5081, 5081);
     std::array<std::uint8_t, 8> values{};
+    run_.QuoteErrLine = -1;
     if (test == SaidCommand) CompileWords();
     for (std::uint8_t i = 0; i < row.ArgCount; ++i) {
-        if (i > 0 && !TakeChar(run_, ',', true)) run_.Fail(4047, {std::to_string(i + 1)});
-        run_.QuoteErrLine = -1;
+        if (i > 0 && !TakeChar(run_, ',', true)) run_.FailOrBlameQuote(4047, {std::to_string(i + 1)});
         const std::int32_t value =
             NamingCommand(row.Name, [&] { return arguments_.GetNextArg(row.ArgType[i], i); });
         values[i] = static_cast<std::uint8_t>(value);
         run_.Append(value);
     }
-    if (!TakeChar(run_, ')')) run_.Fail(4160);
+    if (!TakeChar(run_, ')')) run_.FailOrBlameQuote(4160);
     run_.QuoteErrLine = -1;
     ValidateIfArgs(run_, test, values);
 }

@@ -42,7 +42,6 @@ void StatementCompiler::CompileAGI() {
         token_ = NextCommand(run_, false);
         while (run_.LineIndex != -1) {
             lastWasReturn_ = false;
-            returnLine_ = 0;
             const StatementStart start{token_, run_.LineIndex, run_.CharPos, blockDepth_};
             lastFailed_ = !Recovering(run_, [&] { Statement(); });
             if (lastFailed_) GoOnAfter(start);
@@ -55,6 +54,7 @@ void StatementCompiler::CompileAGI() {
 
 void StatementCompiler::Statement() {
     const std::string_view token = token_;
+    run_.QuoteErrLine = -1;
     if (token == "{") {
         if (!EqualNoCase(prevToken_, "if") && !EqualNoCase(prevToken_, "else")) run_.Fail(4008);
     } else if (token == "}") {
@@ -222,14 +222,13 @@ void StatementCompiler::CompileNamed() {
 void StatementCompiler::CompileCommand(std::uint8_t command) {
     run_.Append(command);
     if (!TakeChar(run_, '(')) run_.Fail(4048);
-    run_.QuoteErrLine = -1;
     std::array<std::uint8_t, 8> values{};
     ReadArguments(command, values);
     ValidateArgs(run_, command, values);
     if (!TakeChar(run_, ')')) run_.FailOrBlameQuote(4160);
     if (command == returnCommand) {
         lastWasReturn_ = true;
-        returnLine_ = run_.LineIndex + 1;
+        returnLine_ = run_.LineIndex;
     }
 }
 
@@ -252,7 +251,8 @@ void StatementCompiler::FinishCode() {
         if (run_.Level == leLow) run_.Warn(5016);
     }
     if (blockDepth_ > 0 && !run_.HasFailed()) {
-        run_.ErrLine = returnLine_;
+        // A `return` at the end is where the brace is missing.
+        if (lastWasReturn_) run_.BlameLine(returnLine_);
         run_.Fail(4009);
     }
     for (const GotoEntry& entry : gotos_) {

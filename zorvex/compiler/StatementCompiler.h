@@ -95,7 +95,7 @@ class StatementCompiler {
     std::vector<GotoEntry> gotos_;
     bool lastWasReturn_ = false;
     bool lastFailed_ = false;
-    std::int32_t returnLine_ = 0;
+    std::int32_t returnLine_ = -1;  // in the working lines
 };
 
 /// The number of a test or action command: 255 for an unknown name, 254 for an action that the game's

@@ -66,7 +66,7 @@ void DecodeRun::WriteArgument(std::uint8_t command, std::size_t index, std::uint
     } else if (IsColor(command, index) && value < namedColors) {
         AppendName(rgColors, value);
     } else if (type != atNum || !AppendResourceID(command, index, value)) {
-        NeededArgValue(value, type);
+        ArgValue(value, type);
     }
 }
 
@@ -106,12 +106,6 @@ void DecodeRun::ArgValue(std::uint8_t value, ArgTypeEnum type, int variable) {
         }
     }
     AppendNumbered(ArgTypePrefixes[type], type == atWord ? value + 1 : value);
-}
-
-void DecodeRun::NeededArgValue(std::uint8_t value, ArgTypeEnum type) {
-    const std::size_t before = line_.size();
-    ArgValue(value, type);
-    if (line_.size() == before) Fail({});
 }
 
 void DecodeRun::NumberValue(std::uint8_t value, int variable) {

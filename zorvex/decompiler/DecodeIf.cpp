@@ -89,7 +89,7 @@ void DecodeRun::WriteTest(std::uint8_t test, bool negated) {
     } else {
         for (std::size_t i = 0; i < row.ArgCount; ++i) {
             if (i != 0) line_ += ", ";
-            NeededArgValue(TakeByte(), row.ArgType[i]);
+            ArgValue(TakeByte(), row.ArgType[i]);
         }
     }
     line_ += ')';

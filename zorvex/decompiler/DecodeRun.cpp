@@ -103,7 +103,9 @@ void DecodeRun::AppendNumbered(std::string_view prefix, std::int32_t value) {
 }
 
 void DecodeRun::AppendName(ReservedGroup group, std::uint8_t index) {
-    line_ += reserved_.Group(group)[index].Name;
+    const std::string& name = reserved_.Group(group)[index].Name;
+    if (name.empty()) Fail({});
+    line_ += name;
 }
 
 void DecodeRun::AddLine() {

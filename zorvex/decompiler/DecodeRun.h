@@ -101,9 +101,6 @@ class DecodeRun {
     /// Appends the source text of an argument; `variable` is the one that the number is assigned to or
     /// compared with.
     void ArgValue(std::uint8_t value, ArgTypeEnum type, int variable = noVariable);
-    /// The same for an argument between brackets. Fails where its reserved name was set to nothing: the text
-    /// would lack an argument.
-    void NeededArgValue(std::uint8_t value, ArgTypeEnum type);
     void NumberValue(std::uint8_t value, int variable);
     void FlagValue(std::uint8_t value);
     void ItemValue(std::uint8_t value);
@@ -116,6 +113,7 @@ class DecodeRun {
     void StartLine(std::size_t depth) { line_.assign(2 * depth, ' '); }
     void AppendNumber(std::int32_t value);
     void AppendNumbered(std::string_view prefix, std::int32_t value);
+    /// Fails where the reserved name was set to nothing: the text would lack it.
     void AppendName(ReservedGroup group, std::uint8_t index);
     /// Adds the line built so far to the text.
     void AddLine();

@@ -73,9 +73,8 @@ bool IsKeyword(std::string_view name) {
 /// True when another entry has the name and stands for something else; the input prompt's name is free.
 bool IsTaken(const TDefine& entry, const AGILogicSourceSettings& settings) {
     const auto clashes = [&entry](const TDefine& other) {
-        // the texts of the game always differ in meaning, also while they are equal
-        const bool otherMeaning = other.Value != entry.Value || other.Type == atDefStr;
-        return other.Default != entry.Default && otherMeaning && EqualNoCase(other.Name, entry.Name);
+        return other.Default != entry.Default && other.Value != entry.Value &&
+               EqualNoCase(other.Name, entry.Name);
     };
     for (const ArgTypeEnum type : {atVar, atFlag, atNum, atSObj, atDefStr}) {
         const std::vector<TDefine> others = settings.ReservedDefines(type);
@@ -144,9 +143,10 @@ void AGILogicSourceSettings::ResetResDefines() {
 bool AGILogicSourceSettings::ValidateResDefs() {
     bool allGood = true;
     for (std::size_t group = rgVariables; group <= rgGameInfo; ++group) {
-        for (TDefine& entry : ReservedNames().Group(group)) {
-            if (NameIsGood(entry, *this)) continue;
-            entry.Name = entry.Default;
+        std::vector<TDefine>& table = ReservedNames().Group(group);
+        for (std::size_t i = 0; i < table.size(); ++i) {
+            if (NameIsGood(group == rgGameInfo ? Present(i) : table[i], *this)) continue;
+            table[i].Name = table[i].Default;
             allGood = false;
         }
     }

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <initializer_list>
 #include <random>
 #include <system_error>
 #include <utility>
@@ -24,6 +25,14 @@ namespace zorvex {
 namespace fs = std::filesystem;
 
 namespace {
+
+/// One number that depends on each of several.
+std::uint64_t Stamp(std::initializer_list<std::uint64_t> values) {
+    std::uint64_t stamp = 14695981039346656037U;
+    for (const std::uint64_t value : values)
+        stamp = (stamp ^ value) * 1099511628211U;
+    return stamp;
+}
 
 std::int32_t RuntimeNumberOf(int errnoValue) {
     switch (errnoValue) {
@@ -179,6 +188,14 @@ class SystemFiles : public FileSystem {
         struct stat info {};
         if (::stat(Resolve(path).c_str(), &info) != 0) RaiseErrno(errno);
         return UniversalTime(info.st_mtime);
+    }
+
+    std::uint64_t WriteStamp(std::string_view path) const override {
+        struct stat info {};
+        if (::stat(Resolve(path).c_str(), &info) != 0) RaiseErrno(errno);
+        return Stamp({static_cast<std::uint64_t>(info.st_mtim.tv_sec),
+                      static_cast<std::uint64_t>(info.st_mtim.tv_nsec),
+                      static_cast<std::uint64_t>(info.st_size), static_cast<std::uint64_t>(info.st_ino)});
     }
 
     ByteArray Read(std::string_view path) const override {
@@ -378,6 +395,13 @@ std::vector<std::string> FilesMatching(std::string_view directory, std::string_v
 
 std::vector<std::string> SubdirectoriesOf(std::string_view directory) {
     return NamesOfKind(directory, FileKind::Directory, "*");
+}
+
+std::uint64_t FileSystem::WriteStamp(std::string_view path) const {
+    std::uint64_t stamp = Size(path);
+    for (const char c : DateText(LastWriteTime(path)))
+        stamp = Stamp({stamp, static_cast<unsigned char>(c)});
+    return stamp;
 }
 
 }  // namespace zorvex

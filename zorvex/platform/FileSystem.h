@@ -36,6 +36,9 @@ class FileSystem {
     virtual std::vector<DirectoryEntry> List(std::string_view directory) const = 0;
     /// Last write time in universal time.
     virtual DateTime LastWriteTime(std::string_view path) const = 0;
+    /// A value that is another one after each write of the file, as finely as the system tells; by default of
+    /// its length and its last write time.
+    virtual std::uint64_t WriteStamp(std::string_view path) const;
 
     /// The whole file.
     virtual ByteArray Read(std::string_view path) const = 0;

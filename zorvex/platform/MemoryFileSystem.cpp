@@ -63,6 +63,7 @@ MemoryFileSystem::Node& MemoryFileSystem::FileFor(std::string_view path) {
     }
     Node& node = nodes_[key];
     node.time = Now();
+    node.stamp = ++writes_;
     return node;
 }
 
@@ -88,6 +89,10 @@ std::vector<DirectoryEntry> MemoryFileSystem::List(std::string_view directory) c
 
 DateTime MemoryFileSystem::LastWriteTime(std::string_view path) const {
     return FileAt(path).time;
+}
+
+std::uint64_t MemoryFileSystem::WriteStamp(std::string_view path) const {
+    return FileAt(path).stamp;
 }
 
 ByteArray MemoryFileSystem::Read(std::string_view path) const {

@@ -32,6 +32,7 @@ class MemoryFileSystem : public FileSystem {
     std::uint64_t Size(std::string_view path) const override;
     std::vector<DirectoryEntry> List(std::string_view directory) const override;
     DateTime LastWriteTime(std::string_view path) const override;
+    std::uint64_t WriteStamp(std::string_view path) const override;
     ByteArray Read(std::string_view path) const override;
     ByteArray ReadAt(std::string_view path, std::uint64_t offset, std::size_t count) const override;
     void Write(std::string_view path, ByteView bytes) override;
@@ -54,6 +55,7 @@ class MemoryFileSystem : public FileSystem {
         FileKind kind = FileKind::File;
         ByteArray bytes;
         DateTime time;
+        std::uint64_t stamp = 0;  // another one after each write
     };
 
     static std::string FullPath(std::string_view path);
@@ -64,6 +66,7 @@ class MemoryFileSystem : public FileSystem {
     void MoveNode(const std::string& from, std::string_view to);
 
     std::map<std::string, Node> nodes_;  // by path in lower case
+    std::uint64_t writes_ = 0;
     int uniqueNames_ = 0;
 };
 

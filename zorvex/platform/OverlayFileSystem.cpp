@@ -117,6 +117,11 @@ DateTime OverlayFileSystem::LastWriteTime(std::string_view path) const {
     return node->time;
 }
 
+std::uint64_t OverlayFileSystem::WriteStamp(std::string_view path) const {
+    std::string name;
+    return Meant(path, name) == nullptr ? beneath_->WriteStamp(name) : FileSystem::WriteStamp(path);
+}
+
 ByteArray OverlayFileSystem::Read(std::string_view path) const {
     std::string name;
     const Node* node = Meant(path, name);

@@ -30,6 +30,7 @@ class OverlayFileSystem : public FileSystem {
     std::uint64_t Size(std::string_view path) const override;
     std::vector<DirectoryEntry> List(std::string_view directory) const override;
     DateTime LastWriteTime(std::string_view path) const override;
+    std::uint64_t WriteStamp(std::string_view path) const override;
     ByteArray Read(std::string_view path) const override;
     ByteArray ReadAt(std::string_view path, std::uint64_t offset, std::size_t count) const override;
     void Write(std::string_view path, ByteView bytes) override;

@@ -1,6 +1,7 @@
 #include "tools/zorvex/games/CompilerSettings.h"
 
 #include "tools/zorvex/console/Command.h"
+#include "tools/zorvex/console/Console.h"
 #include "zorvex/base/Text.h"
 #include "zorvex/platform/FileQueries.h"
 
@@ -36,6 +37,17 @@ void ApplyCompiler(AGIGame& game, const CompilerSettings& settings) {
                              " to " + std::to_string(lastWarning));
         }
         source->IgnoreWarning(*number, true);
+    }
+}
+
+void SayMissingLists(AGIGame& game) {
+    if (!game.VocabularyWords()->Loaded()) {
+        SayWarning("the vocabulary (WORDS.TOK) cannot be read: logics that use 'said' will not compile");
+    }
+    if (!game.InventoryObjects()->Loaded()) {
+        SayWarning(
+            "the inventory (OBJECT) cannot be read: logics that name items, screen objects or "
+            "numberOfItems will not compile");
     }
 }
 

@@ -21,6 +21,9 @@ void DeclareCompiler(Declaration& command, CompilerSettings& settings);
 /// warning.
 void ApplyCompiler(AGIGame& game, const CompilerSettings& settings);
 
+/// Says which of the lists that sources need cannot be read, and what will fail for it.
+void SayMissingLists(AGIGame& game);
+
 /// Lets reserved names count for as long as it lives; the game keeps its own setting.
 class NamesSwitch {
   public:

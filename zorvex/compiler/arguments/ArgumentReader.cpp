@@ -89,7 +89,7 @@ std::int32_t ArgumentReader::NumberArgument(const Argument& arg, bool& varOrNum)
     }
     varOrNum = false;
     if (*number < -128) run_.Fail(4157);
-    if (*number > -1) return RequireByte(arg);
+    if (!(*number <= -1)) return RequireByte(arg);
     run_.Report(5098, 5098);
     return static_cast<std::int32_t>(RoundHalfEven(*number)) + 256;
 }

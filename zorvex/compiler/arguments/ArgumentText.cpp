@@ -42,8 +42,9 @@ std::int32_t VariableValue(std::string_view token) {
         if (!number) return -1;
     }
     const double rounded = RoundHalfEven(*number);
-    if (rounded < std::numeric_limits<std::int16_t>::min() ||
-        rounded > std::numeric_limits<std::int16_t>::max()) {
+    // So that what is no number at all fails as well.
+    if (!(rounded >= std::numeric_limits<std::int16_t>::min() &&
+          rounded <= std::numeric_limits<std::int16_t>::max())) {
         return -1;
     }
     auto value = static_cast<std::int32_t>(rounded);

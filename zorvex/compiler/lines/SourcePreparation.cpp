@@ -80,6 +80,11 @@ ValueComplaint ComplaintOf(ValueFault fault) {
 
 /// The same for a define's value, which may get quotes.
 std::string CheckValue(CompileRun& run, TDefine& define) {
+    if (define.Value.starts_with('"') && !EndsInQuote(define.Value)) {
+        if (run.Level == leHigh) return run.Failure(4080).text;
+        run.Report(0, 5002);
+        define.Value += '"';
+    }
     const ValueFault fault = ValidateDefValue(define, run.Names.Globals(), run.World.UsedReserved());
     const ValueComplaint complaint = ComplaintOf(fault);
     if (complaint.error == 0) return {};

@@ -141,10 +141,19 @@ struct Place {
     std::size_t tokenStart;
 };
 
+/// Asks for the closing quote of a string of the present line. False when it has to be added.
+bool IsClosed(CompileRun& run, std::string_view text) {
+    if (EndsInQuote(text)) return true;
+    run.QuoteErrLine = run.LineIndex;
+    run.Report(4080, 5002);
+    return false;
+}
+
 std::string_view JoinFollowing(CompileRun& run, std::string_view text, std::string& buffer) {
     if (text.size() < 2) run.Fail(4081);
-    if (run.CharPos != run.CurrentLine.size()) return text;
-    bool joined = false;
+    bool joined = !IsClosed(run, text);
+    if (joined) buffer = std::string(text) + '"';
+    if (run.CharPos != run.CurrentLine.size()) return joined ? std::string_view(buffer) : text;
     while (true) {
         const Place place(run);
         std::string_view token = NextCommand(run, false);
@@ -154,11 +163,7 @@ std::string_view JoinFollowing(CompileRun& run, std::string_view text, std::stri
         }
         if (!joined) buffer = text;
         joined = true;
-        const bool closed = EndsInQuote(token);
-        if (!closed) {
-            run.QuoteErrLine = run.LineIndex;
-            run.Report(4080, 5002);
-        }
+        const bool closed = IsClosed(run, token);
         buffer.pop_back();
         buffer += token.substr(1);
         if (!closed) buffer.push_back('"');

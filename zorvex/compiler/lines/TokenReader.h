@@ -24,8 +24,8 @@ bool TakeChar(CompileRun& run, char wanted, bool noNewLine = false);
 bool AtBlank(const CompileRun& run);
 
 /// A string token joined with the strings that follow it on later lines; only a string at the end of its line
-/// goes on. `buffer` holds the text when something was joined. A string without its closing quote is an error
-/// at leHigh; below it gets one, and its line is noted for blame.
+/// goes on. `buffer` holds the text when something was joined. The string itself, or one that follows,
+/// without its closing quote is an error at leHigh; below it gets one, and its line is noted for blame.
 std::string_view ConcatArg(CompileRun& run, std::string_view text, std::string& buffer);
 
 }  // namespace zorvex

@@ -92,7 +92,7 @@ ValueFault ValidateDefValue(TDefine& define, const GlobalDefineTable& globals,
     }
     if (IsMarker(value)) {
         const double number = *NumericValue(std::string_view(value).substr(1));
-        if (number < 0 || number > 255) return ValueFault::OutOfRange;
+        if (!(number >= 0 && number <= 255)) return ValueFault::OutOfRange;
         define.Type = MarkerType(value);
         if (reserved != nullptr && IsReservedValue(*reserved, define, number))
             return ValueFault::ReservedValue;

@@ -20,11 +20,11 @@ std::string GlobalsPath() {
     return Library().GameDir + "globals.txt";
 }
 
-/// The check sum of a file's modification time. A missing file has one of its own, which no list is ever
-/// stored under.
-std::int32_t TimeCRC(std::string_view path) {
-    const DateTime time = FileLastMod(path);
-    return CRC32(time == DateTime{} ? std::string("no file") : DateText(time));
+/// The check sum of a file's stamp. A missing file has one of its own, which no list is ever stored under.
+std::int32_t StampCRC(std::string_view path) {
+    std::string stamp = "no file";
+    Attempt([&] { stamp = std::to_string(Files().WriteStamp(path)); });
+    return CRC32(stamp);
 }
 
 /// Takes a line apart into name and value; False for a line of another form.
@@ -82,19 +82,21 @@ void LoadGlobalDefines() {
     library.GlobalDefines = std::make_shared<const GlobalDefineTable>();
     library.GlobalsCRC = 0;
     const std::string path = GlobalsPath();
-    if (!FileExists(path)) return;
+    if (!library.GameLoaded || !FileExists(path)) return;
     ByteArray bytes;
     if (Attempt([&] { bytes = Files().Read(path); })) return;
     const std::string text(bytes.begin(), bytes.end());
     auto table = std::make_shared<GlobalDefineTable>();
     ForEachLine(text, [&](std::string_view line) { AddLine(*table, line); });
     library.GlobalDefines = std::move(table);
-    library.GlobalsCRC = TimeCRC(path);
+    library.GlobalsCRC = StampCRC(path);
 }
 
 std::shared_ptr<const GlobalDefineTable> CurrentGlobalDefines() {
     LibraryState& library = Library();
-    if (library.GlobalDefines == nullptr || TimeCRC(GlobalsPath()) != library.GlobalsCRC) LoadGlobalDefines();
+    if (!library.GameLoaded || library.GlobalDefines == nullptr ||
+        StampCRC(GlobalsPath()) != library.GlobalsCRC)
+        LoadGlobalDefines();
     return library.GlobalDefines;
 }
 

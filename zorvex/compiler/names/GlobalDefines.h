@@ -36,7 +36,8 @@ void AddUsableDefine(GlobalDefineTable& table, TDefine define, const ReservedTab
 
 /// Reads globals.txt again. A line is "name TAB value" or "#define name value", with comments as in source;
 /// every other line, and a define that source could not use, is skipped without a word. A name defined twice
-/// keeps its first value. Never raises for what the file holds.
+/// keeps its first value. Without an open game nothing is read, and there are none. Never raises for what
+/// the file holds.
 void LoadGlobalDefines();
 
 /// Reads globals.txt again if it has changed since it was last read, and returns the table.

@@ -215,6 +215,7 @@ int Run(const BuildOptions& options) {
     const InterruptGuard guard;
     BuildReport report(game, options);
     ApplyCompiler(game, options.Compiler);
+    if (!options.RebuildOnly) SayMissingLists(opened.Game());
     const auto start = std::chrono::steady_clock::now();
     game.CompileGame(options.RebuildOnly, elsewhere ? target.string() : "");
     const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;

@@ -130,6 +130,7 @@ int CompileInGame(const CompileOptions& options) {
     OpenedGame opened(options.Target, options.Check ? Access::Look : Access::Change);
     AGIGame& game = opened.Game();
     ApplyCompiler(game, options.Compiler);
+    SayMissingLists(game);
     const NamesSwitch names(game, options.Compiler.Names);
     CompileReport report(game, options.AsJson);
     const auto logics = ChosenLogics(game, options.Which);
