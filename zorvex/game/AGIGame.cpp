@@ -156,11 +156,7 @@ void RenameV3Files(const std::string& oldID, const std::string& newID) {
 /// An ID becomes part of file names and of patterns of them, so it must not lead out of the directory; and
 /// the property file must give it back, or the game could not be opened again.
 void RequireUsableID(std::string_view id) {
-    const bool isControl =
-        std::ranges::any_of(id, [](char c) { return static_cast<unsigned char>(c) < ' '; });
-    if (isControl || !IsPlainName(id) || Trim(id) != id || DecodeValue(EncodeValue(id)) != id ||
-        id.find_first_of("*?\"<>|") != std::string_view::npos)
-        RaiseRuntime(reBadFileName);
+    if (!IsKeepableName(id)) RaiseRuntime(reBadFileName);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "zorvex/base/PathText.h"
 #include "zorvex/base/Text.h"
 
 namespace zorvex {
@@ -73,6 +74,16 @@ std::string DecodeValue(std::string_view behindKey) {
     if (value.starts_with('"')) value.remove_prefix(1);
     if (value.ends_with('"')) value.remove_suffix(1);
     return ReplaceAll(value, "\\n", "\r\n");
+}
+
+bool IsKeepableName(std::string_view name) {
+    const auto isControl = [](char character) {
+        const auto code = static_cast<unsigned char>(character);
+        return code < 0x20 || code == 0x7F;
+    };
+    return IsPlainName(name) && Trim(name) == name &&
+           name.find_first_of("*?\"<>|") == std::string_view::npos &&
+           std::none_of(name.begin(), name.end(), isControl) && DecodeValue(EncodeValue(name)) == name;
 }
 
 std::string KeptComment(std::string_view behindKey) {

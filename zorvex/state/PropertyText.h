@@ -30,6 +30,10 @@ std::string EncodeValue(std::string_view value);
 /// quote ends one in quotes, and blanks at the end go.
 std::string DecodeValue(std::string_view behindKey);
 
+/// True for a name that a file can have on every system and that an entry gives back as it is. IDs are such
+/// names: they become parts of file names, and two that read back alike would share a file.
+bool IsKeepableName(std::string_view name);
+
 /// What stands behind the value in the text behind a key, as a comment with three blanks before it, or
 /// nothing.
 std::string KeptComment(std::string_view behindKey);

@@ -3,6 +3,7 @@
 
 #include "zorvex/base/Faults.h"
 #include "zorvex/base/Internal.h"
+#include "zorvex/base/Text.h"
 #include "zorvex/state/GameProperties.h"
 #include "zorvex/storage/ResourceCollection.h"
 #include "zorvex/storage/VolManager.h"
@@ -13,8 +14,10 @@ namespace {
 
 constexpr int maxTries = 255;  // as far as an ID is made unique by a number behind it
 
+/// An ID with a number behind it, shortened before that where it would be too long.
 std::string NumberedID(std::string_view id, int number) {
-    return std::string(id) + "_" + std::to_string(number);
+    const std::string end = "_" + std::to_string(number);
+    return CutCharacters(id, GameResource::MaxIDLength - end.size()) + end;
 }
 
 /// Sets an ID, or the first with a number behind it for which `taken` does not hold the error that it gives.
@@ -52,7 +55,10 @@ std::shared_ptr<GameResource> ResourceCollectionBase::AddMember(std::uint8_t num
                 member->Resource().Init(Internal(), number, -1, -1);
                 Insert(number, member);
                 member->SetIDField("");
-                SetUniqueID(*member, newID, [](const Error& error) { return error.Is(623); });
+                const auto isTaken = [](const Error& error) { return error.Is(623); };
+                SetUniqueID(*member, newID, isTaken);
+                // A stand-alone object may have a name that none of a game can have.
+                if (member->ID().empty()) SetUniqueID(*member, member->Section(), isTaken);
                 member->DataDirty(true);
                 member->WritePropState(true);
                 member->Save();

@@ -7,6 +7,8 @@
 #include "zorvex/platform/FileSystem.h"
 #include "zorvex/state/GameProperties.h"
 #include "zorvex/state/LibraryState.h"
+#include "zorvex/state/LoadIssue.h"
+#include "zorvex/state/PropertyText.h"
 #include "zorvex/storage/ResourceCollection.h"
 
 namespace zorvex {
@@ -55,6 +57,10 @@ void GameResource::ID(std::string_view value) {
     if (cut.empty()) RaiseCatalogue(667, errorSource_);
     if (cut == id_) return;
     if (InGame()) {
+        if (!IsKeepableName(cut)) {
+            RaiseText(ObjectErrorBase + 686, errorSource_,
+                      CatalogueText(686, {TypeWord(), "'" + cut + "' cannot be the name of a file"}));
+        }
         const ResourceCollectionBase* collection = CollectionOf(ResType());
         for (const auto& other : collection->Members()) {
             const bool taken = IDsIgnoreCase() ? EqualNoCase(other->ID(), cut) : other->ID() == cut;
@@ -81,7 +87,7 @@ void GameResource::SetIDOrRaise686(std::string_view value) {
     } catch (...) {
         const Error error = CurrentError();
         RememberError(error);
-        if (error.Is(623) || error.Is(667)) throw error;
+        if (error.Is(623) || error.Is(667) || error.Is(686)) throw error;
         RaiseText(ObjectErrorBase + 686, error.Source(),
                   CatalogueText(686, {TypeWord(), error.Description()}));
     }
@@ -99,6 +105,15 @@ void GameResource::InitInGame(const Internal& key, std::uint8_t number, std::int
                               std::int32_t loc) {
     resource_.Init(key, number, volume, loc);
     id_ = ReadGameString(Section(), "ID", "");
+    if (!id_.empty() && (!IsKeepableName(id_) || CutCharacters(id_, MaxIDLength) != id_)) {
+        NoteLoadIssue({.Kind = LoadIssueKind::Properties,
+                       .Text = "The ID of " + Section() +
+                               " in the property file is no usable name; it is now " + Section(),
+                       .Type = ResType(),
+                       .Number = number});
+        id_ = Section();
+        WriteKey("ID", id_);
+    }
     if (!id_.empty()) {
         description_ = ReadGameString(Section(), "Description", "");
         resource_.Size(key, ReadGameLong(Section(), "Size", -1));
