@@ -89,7 +89,7 @@ TEST_F(OpenGameTest, ADirectoryOpensWithAPropertyFileOfItsOwnAndThenByThat) {
     game.GameID("other");
     EXPECT_EQ(game.GameID() + " " + Library().GameFile, "OTHER \\game\\other.zvg");
     EXPECT_EQ(Files().Kind(file), FileKind::None);
-    for (const char* unfit : {"", " ", "..", "a/b", "A*", "a\nb", " A", "a#b"}) {
+    for (const char* unfit : {"", " ", "..", "a/b", "A*", "a\nb", " A", "a#b", "\xE5"}) {
         EXPECT_ERROR(530, game.GameID(unfit));
     }
     EXPECT_EQ(game.GameID() + " " + Library().GameFile, "OTHER \\game\\other.zvg");

@@ -7,6 +7,7 @@
 
 #include "zorvex/base/Checked.h"
 #include "zorvex/base/Faults.h"
+#include "zorvex/base/HostText.h"
 #include "zorvex/base/PathText.h"
 #include "zorvex/base/StringList.h"
 #include "zorvex/base/Text.h"
@@ -158,7 +159,7 @@ void RenameV3Files(const std::string& oldID, const std::string& newID) {
 void RequireUsableID(std::string_view id) {
     const bool isControl =
         std::ranges::any_of(id, [](char c) { return static_cast<unsigned char>(c) < ' '; });
-    if (isControl || !IsPlainName(id) || Trim(id) != id || DecodeValue(EncodeValue(id)) != id ||
+    if (isControl || !IsPlainName(id) || Trim(id) != id || DecodeValue(EncodeValue(HostTextOf(id))) != id ||
         id.find_first_of("*?\"<>|") != std::string_view::npos)
         RaiseRuntime(reBadFileName);
 }
