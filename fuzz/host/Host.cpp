@@ -217,8 +217,13 @@ void Host::CheckFiles() {
     for (const auto& [path, bytes] : all) {
         if (ForeignFiles().contains(path) || path.starts_with(outDir)) continue;
         const auto in = [&file = path](const std::string& directory) { return file.starts_with(directory); };
-        if (in(firstDir + "src\\") || in(secondDir + "src\\")) continue;
-        const std::string name = path.substr(path.rfind('\\') + 1);
+        const std::size_t nameAt = path.rfind('\\') + 1;
+        const std::string name = path.substr(nameAt);
+        // The directory of the sources has the name that the host gives it.
+        const auto isSource = [&, at = nameAt](const std::string& directory) {
+            return in(directory) && at > directory.size();
+        };
+        if (isSource(firstDir) || isSource(secondDir)) continue;
         if ((in(firstDir) || in(secondDir) || in(builtDir)) && IsOfGame(name)) continue;
         Strange(path, "was left");
     }

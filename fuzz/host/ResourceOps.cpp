@@ -189,7 +189,7 @@ void Host::SaveResource(Held& held) {
     if (!key || !KeyOf(held)) return;
     if (nameWaits && !resource.WritePropState()) SavedOf(*key).IDs = {resource.ID()};
     FUZZ_CHECK(!saved || !resource.DataDirty());
-    if (dataWaits && !resource.DataDirty()) NoteBytes(held);
+    if (saved && dataWaits) NoteBytes(held);
 }
 
 void Host::NameResource(Held& held) {

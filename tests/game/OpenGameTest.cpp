@@ -78,16 +78,18 @@ TEST_F(OpenGameTest, ADirectoryOpensWithAPropertyFileOfItsOwnAndThenByThat) {
     const std::string file = Library().GameFile;
     game.Views().Item(3)->ID("Ego");
     game.GameAuthor("Somebody");
+    game.GameDescription("a\v[Logic0]\n#b\rc");  // each of these ends a line
     game.CloseGame();
     ExpectClosed();
     game.CloseGame();
 
     game.OpenGameZVG(file);
     EXPECT_EQ(game.GameAuthor() + " " + game.Views().Item(3)->ID(), "Somebody Ego");
+    EXPECT_EQ(game.GameDescription(), "a\r\n[Logic0]\r\n");
     game.GameID("other");
     EXPECT_EQ(game.GameID() + " " + Library().GameFile, "OTHER \\game\\other.zvg");
     EXPECT_EQ(Files().Kind(file), FileKind::None);
-    for (const char* unfit : {"", " ", "..", "a/b", "A*", "a\nb", " A", "a#b"}) {
+    for (const char* unfit : {"", " ", "..", "a/b", "A*", "a\nb", " A", "a#b", "\xE5"}) {
         EXPECT_ERROR(530, game.GameID(unfit));
     }
     EXPECT_EQ(game.GameID() + " " + Library().GameFile, "OTHER \\game\\other.zvg");

@@ -7,6 +7,7 @@
 
 #include "zorvex/base/Checked.h"
 #include "zorvex/base/Faults.h"
+#include "zorvex/base/HostText.h"
 #include "zorvex/base/PathText.h"
 #include "zorvex/base/StringList.h"
 #include "zorvex/base/Text.h"

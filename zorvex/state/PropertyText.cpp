@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "zorvex/base/HostText.h"
 #include "zorvex/base/PathText.h"
 #include "zorvex/base/Text.h"
 
@@ -60,7 +61,8 @@ std::string EncodeValue(std::string_view value) {
         if (text.front() != '"') text.insert(text.begin(), '"');
         if (text.back() != '"') text.push_back('"');
     }
-    for (const std::string_view lineEnd : {"\r\n", "\r", "\n"}) {
+    // A vertical tab ends a line for those who read the file.
+    for (const std::string_view lineEnd : {"\r\n", "\r", "\n", "\v"}) {
         if (text.find(lineEnd) != std::string::npos) text = ReplaceAll(text, lineEnd, "\\n");
     }
     return text.empty() ? "\"\"" : text;
@@ -83,7 +85,8 @@ bool IsKeepableName(std::string_view name) {
     };
     return IsPlainName(name) && Trim(name) == name &&
            name.find_first_of("*?\"<>|") == std::string_view::npos &&
-           std::none_of(name.begin(), name.end(), isControl) && DecodeValue(EncodeValue(name)) == name;
+           std::none_of(name.begin(), name.end(), isControl) &&
+           DecodeValue(EncodeValue(HostTextOf(name))) == name;
 }
 
 std::string KeptComment(std::string_view behindKey) {
