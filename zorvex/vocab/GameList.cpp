@@ -62,7 +62,7 @@ void GameList::BeginNew() {
     if (loaded_) RaiseCatalogue(642, family_.ErrorSource);
     if (Attached() && !unreadable_) RaiseCatalogue(510, family_.ErrorSource);
     if (!Attached()) resFile_.clear();
-    BecomeLoaded({});
+    if (!unreadable_) BecomeLoaded({});
     Clear();
 }
 
@@ -82,9 +82,11 @@ void GameList::TakeStateOf(const GameList& other) {
 }
 
 void GameList::Clear() {
-    if (unreadable_) BecomeLoaded({});  // what nobody can read is nothing to keep
+    const bool wasUnreadable = unreadable_;
+    if (wasUnreadable) BecomeLoaded({});  // what nobody can read is nothing to keep
     RequireLoaded();
     Reset();
+    if (wasUnreadable && Attached()) ReadDescription();
     isDirty_ = true;
 }
 
@@ -148,6 +150,10 @@ void GameList::LoadFromGame() {
         unreadable_ = true;
         RaiseCatalogue(family_.UnreadableError, family_.ErrorSource);
     }
+    ReadDescription();
+}
+
+void GameList::ReadDescription() {
     description_ = CutCharacters(ReadGameString(family_.FileName, descriptionKey, ""), MaxDescription);
 }
 

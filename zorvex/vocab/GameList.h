@@ -56,8 +56,8 @@ class GameList {
     /// stand-alone list takes the name as its ResFile and, with `resetDirty`, counts as saved.
     virtual void Export(std::string_view exportFile, std::int32_t fileType, bool resetDirty = true);
     /// Empties the list, which then counts as changed. Of lists that are not loaded, one whose last Load
-    /// found a file in neither form becomes an empty one, so that it can be filled and saved; so it does by
-    /// its "New" method, also in a game.
+    /// found a file in neither form becomes an empty one (in a game with its description), so that it can be
+    /// filled and saved; so it does by its "New" method, also in a game.
     void Clear();
     void Unload();
 
@@ -113,6 +113,7 @@ class GameList {
 
   private:
     void LoadFromGame();
+    void ReadDescription();
     void LoadFromFile(std::string_view loadFile);
     bool TryTake(ByteView bytes, bool asText);
     void Write(const std::string& file, std::int32_t fileType) const;
