@@ -1,4 +1,5 @@
 // What views, pictures and sounds have in common, on each of them.
+#include "tests/support/GameBuilder.h"
 #include "zorvex/base/StringList.h"
 #include "zorvex/game/AGIGame.h"
 #include "zorvex/picture/AGIPictures.h"
@@ -28,6 +29,195 @@ TYPED_TEST(Kinds, AFileNameBecomesAnIDOfSixtyFourCharacters) {
     EXPECT_EQ(object.ID(), Repeated(32, "\xC3\xA9x"));
     object.Import(dir.File(Repeated(35, "\xC3\xA9x")));
     EXPECT_EQ(object.ID(), Repeated(32, "\xC3\xA9x"));
+}
+
+/// A game in a directory with two resources of each kind, open until the end of the scope.
+class GameOfKinds {
+  public:
+    GameOfKinds() {
+        GameBuilder builder;
+        builder.Add(rtLogic, 0, SmallestLogic());
+        for (const AGIResType type : {rtPicture, rtSound, rtView}) {
+            for (std::size_t number = 1; number <= 2; ++number)
+                builder.Add(type, static_cast<int>(number), SampleResource(type, number));
+        }
+        builder.WriteTo(dir);
+        game.OpenGameDIR(dir.Path());
+    }
+    void Reopen() {
+        game.CloseGame();
+        game.OpenGameZVG(dir.File("AGI.zvg"));
+    }
+    template <class Resource>
+    std::shared_ptr<Resource> Get(int number) {
+        if constexpr (std::is_same_v<Resource, AGIView>) {
+            return game.Views().Item(number);
+        } else if constexpr (std::is_same_v<Resource, AGIPicture>) {
+            return game.Pictures().Item(number);
+        } else {
+            return game.Sounds().Item(number);
+        }
+    }
+
+    TempDir dir;
+    AGIGame game;
+};
+
+TYPED_TEST(Kinds, AnImportInAGameWaitsToBeSaved) {
+    GameOfKinds game;
+    auto object = game.Get<TypeParam>(1);
+    TypeParam source;
+    source.Resource().SetAllData(SampleResource(object->ResType(), 5));
+    source.Export(game.dir.File("fresh"));
+    object->Load();
+    object->Import(game.dir.File("fresh"));
+    EXPECT_EQ(Face(*object), "fresh loaded dirty");
+    object->Save();
+    EXPECT_FALSE(object->IsDirty());
+
+    const std::string taken = game.Get<TypeParam>(2)->ID();
+    source.Export(game.dir.File(taken));
+    object->Import(game.dir.File(taken));
+    EXPECT_EQ(object->ID(), "fresh") << "the name is that of another";
+    const ByteArray bytes = object->AllData();
+    const std::string face = Face(*object);
+    EXPECT_ERROR(524, object->Import(game.dir.File("missing")));
+    EXPECT_ERROR(604, object->Import(""));
+    EXPECT_EQ(Face(*object), face) << "as it was";
+    EXPECT_EQ(object->AllData(), bytes);
+    object->Unload();
+    const std::string unloaded = Face(*object);
+    EXPECT_ERROR(524, object->Import(game.dir.File("missing")));
+    EXPECT_EQ(Face(*object), unloaded);
+
+    object.reset();
+    game.Reopen();
+    object = game.Get<TypeParam>(1);
+    object->Load();
+    EXPECT_EQ(object->ID(), "fresh");
+    EXPECT_EQ(object->AllData(), bytes);
+}
+
+TYPED_TEST(Kinds, ReadingAndExportingInAGameSaveNothing) {
+    GameOfKinds game;
+    const auto object = game.Get<TypeParam>(1);
+    object->Load();
+    EXPECT_FALSE(object->IsDirty());
+    TypeParam other;
+    if constexpr (std::is_same_v<TypeParam, AGISound>) other.Track(1)->Notes()->Add(190, 30, 0);
+    other.Export(game.dir.File("other"));
+    const ByteArray changed = other.AllData();  // in the form that a save gives them
+    object->SetData(changed);
+    if constexpr (std::is_same_v<TypeParam, AGIView>) object->Loops();
+    if constexpr (std::is_same_v<TypeParam, AGISound>) {
+        object->Track(0)->Muted(true);
+        object->Length();
+        object->MIDIData();
+        object->Export(game.dir.File("out.ass"), sfScript);
+    }
+    object->Load();
+    object->Export(game.dir.File("out"));
+    EXPECT_TRUE(object->DataDirty());
+    EXPECT_EQ(object->AllData(), changed);
+    if constexpr (std::is_same_v<TypeParam, AGISound>) {
+        EXPECT_TRUE(object->Track(0)->Muted()) << "settings stay as well";
+    }
+    object->Save();
+    EXPECT_FALSE(object->IsDirty());
+    object->Unload();
+    object->Load();
+    EXPECT_EQ(object->AllData(), changed);
+}
+
+TYPED_TEST(Kinds, ASaveWritesEachFileThatIsAnother) {
+    const TempDir dir;
+    TypeParam object;
+    object.Resource().SetAllData(SampleResource(object.ResType(), 3));
+    object.Save(dir.File("first"));
+    EXPECT_FALSE(object.IsDirty());
+    object.Save(dir.File("second"));
+    EXPECT_EQ(dir.Read("second"), dir.Read("first"));
+    dir.Remove("second");
+    object.Save(dir.Native() + "/second");
+    EXPECT_FALSE(dir.Exists("second")) << "it has come from there and has not changed";
+    if constexpr (std::is_same_v<TypeParam, AGISound>) {
+        object.Save(dir.File("tune.ass"));
+        EXPECT_TRUE(dir.Exists("tune.ass"));
+    }
+}
+
+TEST(KindsInGames, ListsGivenToAGameWaitToBeSaved) {
+    GameOfKinds game;
+    AGIWordList words;
+    words.NewWords();
+    words.AddWord("lamp", 20);
+    words.Description("of the cellar");
+    words.Save(game.dir.File("words"));
+    AGIInventoryObjects items;
+    items.NewObjects();
+    items.Add("lamp", 3);
+    items.Description("of the sailor");
+    items.Save(game.dir.File("items"));
+    game.game.VocabularyWords()->SetWords(words);
+    game.game.InventoryObjects()->SetObjects(items);
+    EXPECT_TRUE(game.game.VocabularyWords()->IsDirty());
+    EXPECT_TRUE(game.game.InventoryObjects()->IsDirty());
+    game.game.VocabularyWords()->Save();
+    game.game.InventoryObjects()->Save();
+    game.Reopen();
+    EXPECT_TRUE(game.game.VocabularyWords()->WordExists("lamp"));
+    EXPECT_EQ(game.game.VocabularyWords()->Description(), "of the cellar");
+    EXPECT_EQ(game.game.InventoryObjects()->Item(1)->ItemName(), "lamp");
+    EXPECT_EQ(game.game.InventoryObjects()->Description(), "of the sailor");
+}
+
+TEST(KindsInGames, ListsThatCannotBeReadCanBeBegunAnew) {
+    GameOfKinds game;
+    for (const bool clear : {true, false}) {
+        game.game.CloseGame();
+        game.dir.Write("OBJECT", Bytes("scrap"));
+        RaisedId([&] { game.game.OpenGameZVG(game.dir.File("AGI.zvg")); });  // with warnings
+        AGIInventoryObjects& items = *game.game.InventoryObjects();
+        ASSERT_FALSE(items.Loaded());
+        if (clear) {
+            items.Clear();
+        } else {
+            items.NewObjects();
+        }
+        items.Add("lamp", 3);
+        items.Save();
+        game.Reopen();
+        EXPECT_EQ(game.game.InventoryObjects()->Item(1)->Room(), 3);
+        EXPECT_ERROR(642, game.game.InventoryObjects()->NewObjects());
+        game.game.InventoryObjects()->Unload();
+        EXPECT_ERROR(510, game.game.InventoryObjects()->NewObjects());
+        EXPECT_ERROR(563, game.game.InventoryObjects()->Clear());
+    }
+}
+
+TEST(KindsInGames, ErrorsTellTheirSource) {
+    const TempDir dir;
+    const std::string nowhere = dir.File("no\\such\\file");
+    AGIWordList words;
+    words.NewWords();
+    words.AddWord("caf\x82", 20);
+    AGIInventoryObjects items;
+    items.NewObjects();
+    for (int i = 0; i < 200; ++i)
+        items.Add(std::string(200, 'x'), 1);
+    AGISound sound;
+    sound.Track(3)->Notes()->Add(1023, 1, 1);
+    AGICel cel;
+    const auto sourceOf = [](auto step) {
+        const auto error = RaisedBy(step);
+        return error ? error->Source() : "nothing raised";
+    };
+    EXPECT_EQ(sourceOf([&] { words.Save(dir.File("w")); }), "ZORVEX.AGIWordList");
+    EXPECT_EQ(sourceOf([&] { items.Save(dir.File("i")); }), "ZORVEX.agiObjectFile");
+    EXPECT_EQ(sourceOf([&] { items.Save(nowhere, 1); }), "ZORVEX.agiObjectFile");
+    EXPECT_EQ(sourceOf([&] { sound.Save(dir.File("s")); }), "ZORVEX.agiSound");
+    EXPECT_EQ(sourceOf([&] { AGISound().Export(nowhere, sfMIDI); }), "ZORVEX.agiSound");
+    EXPECT_EQ(sourceOf([&] { cel.CelData(1, 0); }), "ZORVEX.AGICel");
 }
 
 // --- Numbers ---

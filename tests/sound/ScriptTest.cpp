@@ -133,7 +133,7 @@ TEST(Import, ReadsRawResourcesAndRefusesScraps) {
               "1 instrument 80 visible: \n2 instrument 80 visible: \n3 instrument 80 visible: \n");
     EXPECT_FALSE(sound.IsDirty());
     EXPECT_EQ(RaisedText([&] { sound.Import(dir.File("scrap")); }), "Invalid sound resource file");
-    EXPECT_EQ(RaisedId([&] { sound.Import(dir.File("missing")); }), 681);
+    EXPECT_EQ(RaisedId([&] { sound.Import(dir.File("missing")); }), 524);
     EXPECT_EQ(sound.ID(), "tune.agi");
     EXPECT_EQ(RaisedId([&] { sound.Import(dir.File("broken")); }), 0);
     EXPECT_TRUE(sound.IsDirty());

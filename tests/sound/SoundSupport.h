@@ -11,10 +11,11 @@
 
 namespace zorvex::test {
 
-/// Gives a sound these bytes and loads it.
+/// Gives a sound these bytes and loads it, as if it were saved.
 inline void LoadBytes(AGISound& sound, const ByteArray& bytes) {
     sound.Resource().SetAllData(bytes);
     sound.Load();
+    sound.DataDirty(false);
 }
 inline void LoadBytes(AGISound& sound, std::string_view text) {
     LoadBytes(sound, BytesOfText(text));

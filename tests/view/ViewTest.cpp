@@ -38,6 +38,7 @@ TEST(View, EveryEditReachesTheView) {
         AddCel(*view, 0, {"6"});
         view->SetMirror(2, 3);
         view->BuildViewData();
+        view->DataDirty(false);
         view->Load();
         ASSERT_FALSE(view->IsDirty());
         edit(*view);
@@ -55,7 +56,8 @@ TEST(View, ChangedBytesDropTheLoopsAndStayUnsaved) {
     EXPECT_EQ(view.Loops()->Count(), 2);
     EXPECT_TRUE(view.IsDirty()) << "to look at new bytes does not save them";
     view.Load();
-    EXPECT_FALSE(view.IsDirty());
+    EXPECT_TRUE(view.IsDirty()) << "nor does a load";
+    view.DataDirty(false);
     old->Add();
     EXPECT_FALSE(view.IsDirty()) << "loops that the view has dropped tell it nothing";
     EXPECT_EQ(view.Loops()->Count(), 2);
@@ -83,13 +85,84 @@ TEST(View, GoesToAFileAndBack) {
     EXPECT_EQ(dir.Read("copy"), dir.Read("key.agv"));
 
     EXPECT_EQ(RaisedId([&] { read.Import(dir.File("none")); }), 524);
-    EXPECT_FALSE(read.Loaded());
+    EXPECT_EQ(Shown(read, 1), (Rows{"021"})) << "it is as it was";
+    read.Unload();
     EXPECT_EQ(RaisedId([&] { read.Export(dir.File("copy")); }), 563);
     EXPECT_EQ(RaisedId([&] { read.SetMirror(1, 0); }), 563);
     EXPECT_EQ(RaisedId([&] { read.Clear(); }), 563);
     EXPECT_EQ(RaisedId([&] { read.ViewDescription(); }), 563);
     EXPECT_EQ(RaisedId([&] { read.ViewDescription("a chest"); }), 0) << "to be told needs no load";
     EXPECT_TRUE(read.IsDirty());
+}
+
+TEST(View, ReadsWhatItWritesAndRefusesTheRest) {
+    TempDir dir;
+    const auto view = MakeView({{"12"}});
+    view->Save(dir.File("small"));
+    const ByteArray before = view->AllData();
+    CelPixels busy(160, 168);
+    for (std::int32_t x = 0; x < 160; ++x) {
+        for (std::int32_t y = 0; y < 168; ++y)
+            busy.Pixel(x, y, x % 2 == 0 ? agRed : agBlue);
+    }
+    for (int cel = 1; cel <= 3; ++cel) {
+        view->Loops()->Item(0)->Cels()->Add();
+        view->WriteCel(0, cel, busy);
+        const bool fits = cel <= 2;
+        EXPECT_EQ(RaisedId([&] { view->Export(dir.File("big" + std::to_string(cel))); }), fits ? 0 : 632);
+        EXPECT_EQ(dir.Exists("big" + std::to_string(cel)), fits);
+        if (!fits) continue;
+        AGIView read;
+        read.Import(dir.File("big" + std::to_string(cel)));
+        EXPECT_EQ(read.ReadCel(0, cel), busy);
+    }
+    view->Loops()->Item(0)->Cels()->Remove(3);
+    view->Loops()->Item(0)->Cels()->Remove(2);
+    view->Loops()->Add();
+    const ByteArray present = view->AllData();
+    EXPECT_EQ(RaisedId([&] { view->Save(dir.File("small")); }), 632) << "a loop without cels";
+    EXPECT_EQ(dir.Read("small"), before);
+    EXPECT_EQ(view->AllData(), present);
+    EXPECT_TRUE(view->IsDirty());
+    view->Loops()->Remove(1);
+    view->ViewDescription(std::string(300, 'x'));
+    view->Save(dir.File("small"));
+    AGIView read;
+    read.Import(dir.File("small"));
+    EXPECT_EQ(read.ViewDescription(), view->ViewDescription());
+    EXPECT_EQ(read.ViewDescription().size(), 255U);
+}
+
+TEST(View, LeavesAloneWhatAHostHolds) {
+    TempDir dir;
+    const auto view = MakeView({{"12"}, {"5"}, {"34"}});
+    view->SetMirror(1, 0);
+    const auto held = view->Loops()->Item(1)->Cels()->Item(0);
+    view->Save(dir.File("x"));
+    EXPECT_EQ(RowsOf(held->AllCelData()), (Rows{"21"})) << "a save does not turn it";
+    const auto removed = view->Loops()->Item(2);
+    const auto cel = removed->Cels()->Item(0);
+    view->Loops()->Remove(2);
+    view->DataDirty(false);
+    cel->CelData(0, 0, agWhite);
+    removed->Cels()->Add();
+    EXPECT_FALSE(view->IsDirty()) << "a removed loop is no part of it";
+    const auto mirror = view->Loops()->Item(1);
+    view->Unload();
+    EXPECT_FALSE(mirror->Mirrored()) << "its partner has gone";
+    EXPECT_EQ(RaisedId([&] { mirror->MirrorLoop(); }), 611);
+    EXPECT_EQ(RowsOf(mirror->Cels()->Item(0)->AllCelData()), (Rows{"21"}));
+}
+
+TEST(View, ADescriptionOfDamagedBytesLeavesThem) {
+    AGIView view;
+    ByteArray bytes = view.AllData();
+    bytes[3] = 13;
+    view.SetData(bytes);
+    EXPECT_EQ(RaisedId([&] { view.ViewDescription(); }), 513);
+    EXPECT_EQ(RaisedId([&] { view.ViewDescription("key"); }), 513);
+    EXPECT_EQ(view.AllData(), bytes);
+    EXPECT_TRUE(view.IsDirty());
 }
 
 TEST(View, BadBytesUnloadIt) {
@@ -144,6 +217,7 @@ TEST(View, ACopyHasItsOwnPairs) {
     EXPECT_EQ(Shown(copy, 2), (Rows{"4F"}));
     EXPECT_EQ(Shown(*view, 2), (Rows{"45"}));
     copy.BuildViewData();
+    copy.DataDirty(false);
     copy.Load();
     EXPECT_EQ(copy.Loops()->Item(0)->MirrorPair(), 1) << "the bytes know only that loops are a pair";
     EXPECT_EQ(Shown(copy, 0), (Rows{"F4"}));

@@ -70,17 +70,17 @@ TEST_F(InventoryTest, AnAmigaFileBecomesAnOrdinaryOne) {
     EXPECT_EQ(dir.Read("OBJECT"), EncodeObjectFile(amiga));
 }
 
-TEST_F(InventoryTest, AListGivesAnotherTheRoomOfItsFirstItemButAFileDoesNot) {
+TEST_F(InventoryTest, AFirstItemNotInUseKeepsItsRoom) {
     dir.Write("items.ago", "2.1.1\n17\n7\t?\n8\tkey\n9\tKEY\n");
     auto other = std::make_unique<AGIInventoryObjects>();
     other->Load(dir.File("items.ago"));
-    EXPECT_EQ(Shown(*other), "?/0 key/8! KEY/9!");
-    other->Item(0)->Room(7);
+    EXPECT_EQ(Shown(*other), "?/7 key/8! KEY/9!");
+    other->Item(0)->Room(6);
     list.SetObjects(*other);
     const auto item = other->Item(1);
     other.reset();
     item->ItemName("outlives its list");
-    EXPECT_EQ(Shown(list) + " " + std::to_string(list.MaxScreenObjects()), "?/7 key/8! KEY/9! 17");
+    EXPECT_EQ(Shown(list) + " " + std::to_string(list.MaxScreenObjects()), "?/6 key/8! KEY/9! 17");
 }
 
 }  // namespace

@@ -47,6 +47,20 @@ decltype(auto) Wrapped(std::int32_t id, Step&& step, std::initializer_list<std::
     }
 }
 
+/// Runs a step and returns its result. A fault that names no source is raised again with this one, so that a
+/// caller always learns where it comes from.
+template <class Step>
+decltype(auto) Sourced(std::string_view source, Step&& step) {
+    try {
+        return std::forward<Step>(step)();
+    } catch (...) {
+        const Error error = CurrentError();
+        RememberError(error);
+        if (error.Source().empty()) RaiseText(error.Number(), source, error.Description());
+        throw error;
+    }
+}
+
 /// Runs a step and returns its result. After a fault the clean-up runs, its own faults ignored, and the same
 /// fault is raised again.
 template <class Step, class Cleanup>

@@ -302,10 +302,11 @@ void AGIPicture::WriteSettings() {
 
 // --- The resource ---
 void AGIPicture::Load() {
+    const bool keepsEdits = Loaded() && IsDirty();
     if (!Loaded()) Resource().Load();
-    if (InGame()) ReadBackground();
+    if (InGame() && !keepsEdits) ReadBackground();
     BuildBMPs();
-    DataDirty(false);
+    if (!keepsEdits) DataDirty(false);
 }
 
 void AGIPicture::Unload() {
@@ -326,7 +327,7 @@ void AGIPicture::Clear() {
 
 void AGIPicture::Save(std::string_view saveFile) {
     if (InGame() && WritePropState()) WriteSettings();
-    if (!DataDirty()) return;
+    if (!HasToWrite(saveFile)) return;
     RequireLoaded();
     DataDirty(!Resource().Save(saveFile));
     if (InGame()) WriteSize();
@@ -343,9 +344,8 @@ void AGIPicture::Export(std::string_view exportFile, bool resetDirty) {
 
 void AGIPicture::Import(std::string_view importFile) {
     const std::string path = InnerPath(importFile);
-    if (Attempt([&] { Resource().Import(path); })) return;
-    TakeFileName(path);
-    DataDirty(false);
+    ImportBytes(path);
+    Imported(path);
 }
 
 void AGIPicture::SetPictureData(ByteView picData) {

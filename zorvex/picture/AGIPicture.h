@@ -96,21 +96,24 @@ class AGIPicture final : public GameResource {
     // --- The resource ---
     using GameResource::ID;
     bool IsDirty() const override { return DataDirty() || (WritePropState() && InGame()); }
-    /// Reads the bytes unless loaded, in a game also the background settings, and draws. Raises what the
+    /// Reads the bytes unless loaded, in a game also the background settings, and draws; edits that are not
+    /// saved stay. Raises what the
     /// buffer's load raises, and 610.
     void Load() override;
     /// Drops bytes and bitmaps. The last screens' error level stays.
     void Unload() override;
     /// Makes this an empty picture, one byte 0xFF. Raises 563.
     void Clear() override;
-    /// Writes changed settings to the property list and changed bytes to a volume; outside a game changed
-    /// bytes go to `saveFile`. Raises 563 and what the buffer's save raises.
+    /// Writes changed settings to the property list and changed bytes to a volume; outside a game the bytes
+    /// go to `saveFile`, changed or not where that is another than ResFile. Raises 563 and what the buffer's
+    /// save raises.
     void Save(std::string_view saveFile = {}) override;
     /// Writes the bytes to a file. Outside a game the picture takes the file's name as its ID and, with
     /// `resetDirty`, counts as saved. Raises 563 and what the buffer's export raises.
     void Export(std::string_view exportFile, bool resetDirty = true);
-    /// Takes a file as the bytes; the picture takes the file's name as its ID and counts as saved. A file
-    /// that cannot be read changes nothing but what the buffer's import does: no error reaches the caller.
+    /// Takes a file as the bytes; the file's name becomes the ID. In a game they wait to be saved, and a name
+    /// that the setter of ID refuses leaves the old one; elsewhere the picture counts as saved. Raises 604
+    /// and 524, which leave the picture as it was, and 605, which unloads it.
     void Import(std::string_view importFile);
     /// Replaces the bytes, loads the picture if need be, and draws.
     void SetPictureData(ByteView picData);

@@ -123,7 +123,8 @@ std::shared_ptr<AGITrack> AGISound::Track(AnyInteger index) {
 }
 
 void AGISound::EnsureTracks() {
-    if (!tracksSet_) Guarded([&] { LoadTracks(); }, [] {});
+    if (!tracksSet_)
+        Guarded([&] { LoadTracks(tracks_[0] == nullptr || (InGame() && !settingsRead_)); }, [] {});
 }
 
 // Bytes of the other kinds say nothing of notes; reading them as tracks would make notes of chance.
@@ -132,7 +133,17 @@ bool AGISound::HasNoteModel() const {
     return kind != skIIgsPCM && kind != skIIgsMIDI;
 }
 
-void AGISound::LoadTracks() {
+void AGISound::ReadSettings(std::size_t track, TrackData& values) const {
+    values.Visible = !InGame() || ReadGameBool(Section(), Numbered(visibleKey, track), true);
+    if (!InGame()) return;
+    values.Muted = ReadGameBool(Section(), Numbered(muteKey, track), false);
+    if (track == NoiseTrack) return;
+    const std::uint8_t instrument =
+        ReadGameByte(Section(), Numbered(instrumentKey, track), DefaultInstrument);
+    values.Instrument = instrument < 128 ? instrument : DefaultInstrument;
+}
+
+void AGISound::LoadTracks(bool withSettings) {
     const auto read = [&] {
         if (tracks_[0] == nullptr) NewTracks(DefaultInstrument);
         std::array<NoteList, TrackCount> notes;
@@ -141,17 +152,7 @@ void AGISound::LoadTracks() {
         for (std::size_t t = 0; t < TrackCount; ++t) {
             longest = std::max(longest, TotalDuration(notes[t]));
             TrackData values = tracks_[t]->Values();
-            if (InGame()) {
-                if (t != NoiseTrack) {
-                    const std::uint8_t instrument =
-                        ReadGameByte(Section(), Numbered(instrumentKey, t), DefaultInstrument);
-                    values.Instrument = instrument < 128 ? instrument : DefaultInstrument;
-                }
-                values.Muted = ReadGameBool(Section(), Numbered(muteKey, t), false);
-                values.Visible = ReadGameBool(Section(), Numbered(visibleKey, t), true);
-            } else {
-                values.Visible = true;
-            }
+            if (withSettings) ReadSettings(t, values);
             values.Notes = std::move(notes[t]);
             tracks_[t]->Values(values);
         }
@@ -160,7 +161,7 @@ void AGISound::LoadTracks() {
     };
     Wrapped(565, read, {598});
     tracksSet_ = true;
-    DataDirty(false);
+    settingsRead_ = true;
 }
 
 void AGISound::CompileSound() {
@@ -236,25 +237,32 @@ ByteArray AGISound::MIDIData() {
 
 // --- Life ---
 void AGISound::Load() {
+    const bool dirty = Loaded() && DataDirty();
+    const bool keepsEdits = Loaded() && IsDirty() && (settingsRead_ || !InGame());
     const auto load = [&] {
         if (!Loaded()) Resource().Load();
-        key_ = ReadGameLong(Section(), "Key", 0);
-        if (key_ < -maxKey || key_ > maxKey) key_ = 0;
-        tpqn_ = std::clamp(WholeQuarters(ReadGameLong(Section(), "TPQN", 0)), minTPQN, maxTPQN);
-        NewTracks(DefaultInstrument);
-        tracksSet_ = false;
-        outputSet_ = false;
-        length_ = -1;
+        if (!keepsEdits) ReadOwnSettings();
         if (Resource().View().size() < 2) Resource().ReadWord(0);  // raises: there is no kind to read
         const SoundKind kind = KindOfSound(Resource().View());
         if (kind == skNone) RaiseCatalogue(598, ErrorSource());
         sndFormat_ = kind;
-        if (kind == skPCjr) LoadTracks();
+        if (kind == skPCjr) EnsureTracks();
         tracksSet_ = true;
     };
     Guarded(load, [&] { Unload(); });
-    DataDirty(false);
-    WritePropState(false);
+    DataDirty(dirty);
+    if (!keepsEdits) WritePropState(false);
+}
+
+void AGISound::ReadOwnSettings() {
+    key_ = ReadGameLong(Section(), "Key", 0);
+    if (key_ < -maxKey || key_ > maxKey) key_ = 0;
+    tpqn_ = std::clamp(WholeQuarters(ReadGameLong(Section(), "TPQN", 0)), minTPQN, maxTPQN);
+    NewTracks(DefaultInstrument);
+    tracksSet_ = false;
+    outputSet_ = false;
+    length_ = -1;
+    settingsRead_ = false;
 }
 
 void AGISound::Unload() {
@@ -265,6 +273,7 @@ void AGISound::Unload() {
     length_ = -1;
     ReleaseTracks();
     tracksSet_ = false;
+    settingsRead_ = false;
 }
 
 void AGISound::Clear() {
@@ -301,6 +310,7 @@ void AGISound::SetSound(const AGISound& copySound) {
         length_ = -1;
         DataDirty(copySound.DataDirty());
         tracksSet_ = copySound.tracksSet_;
+        settingsRead_ = true;
         WritePropState(copySound.WritePropState());
     });
 }
@@ -334,14 +344,14 @@ void AGISound::Save(std::string_view saveFile) {
         WritePropState(false);
     }
     RequireLoaded();
-    if (!DataDirty()) return;
-    CompileSound();
+    if (!HasToWrite(saveFile)) return;
+    CompileIfDirty();
     const SoundFormat format = FormatByName(saveFile);
-    if (format == sfScript || format == sfMIDI) {
-        Export(ResFile(), format, true);
+    if (!InGame() && (format == sfScript || format == sfMIDI)) {
+        Export(saveFile, format, true);
         return;
     }
-    Guarded([&] { DataDirty(!Resource().Save(saveFile)); }, [] {});
+    Sourced(ErrorSource(), [&] { DataDirty(!Resource().Save(saveFile)); });
     if (InGame()) WriteSize();
 }
 
@@ -350,7 +360,8 @@ void AGISound::Export(std::string_view exportFile, SoundFormat fileFormat, bool 
     RequireLoaded();
     const std::string path = InnerPath(exportFile);
     const bool isGiven = fileFormat == sfAGI || fileFormat == sfMIDI || fileFormat == sfScript;
-    Guarded([&] { ExportAs(isGiven ? fileFormat : FormatByName(path), path, resetDirty); }, [] {});
+    const bool saves = resetDirty && !InGame();
+    Sourced(ErrorSource(), [&] { ExportAs(isGiven ? fileFormat : FormatByName(path), path, saves); });
     if (!InGame()) TakeFileName(path);
 }
 
@@ -373,7 +384,7 @@ void AGISound::ExportAs(SoundFormat format, const std::string& path, bool resetD
         default:
             CompileIfDirty();
             Resource().Export(path);
-            if (!InGame() && resetDirty) DataDirty(false);
+            if (resetDirty) DataDirty(false);
             break;
     }
 }
@@ -396,26 +407,27 @@ void AGISound::ExportScript(const std::string& path, bool resetDirty) {
 
 void AGISound::Import(std::string_view importFile) {
     constexpr std::size_t minFileSize = 3;
-    const std::string path = InnerPath(importFile);
+    const std::string inner = AGIResource::ImportPath(Internal(), importFile);
     importErrorLine_ = 0;
     ByteArray file;
-    if (Attempt([&] { file = Files().Read(path); }) || file.size() < minFileSize) {
+    if (Attempt([&] { file = Files().Read(inner); }) || file.size() < minFileSize) {
         RaiseCatalogue(681, ErrorSource());
     }
     tpqn_ = defaultTPQN;
     key_ = 0;
-    TakeFileName(path);
-    const bool done = KindOfSound(file) == skPCjr ? ImportRaw(path) : ImportScript(file);
-    if (!done) return;
-    DataDirty(false);
-    WritePropState(false);
-    tracksSet_ = true;
+    const bool done = KindOfSound(file) == skPCjr ? ImportRaw(inner) : ImportScript(file);
+    settingsRead_ = true;
+    const bool wasDirty = IsDirty();
+    Imported(inner);
+    if (InGame()) WritePropState(true);
+    if (!done && wasDirty) DataDirty(true);
+    if (done) tracksSet_ = true;
 }
 
 bool AGISound::ImportRaw(const std::string& path) {
     return !Attempt([&] {
         Resource().Import(path);
-        LoadTracks();
+        LoadTracks(!InGame() || !settingsRead_);
     });
 }
 
@@ -429,7 +441,7 @@ bool AGISound::ImportScript(ByteView file) {
     key_ = script.Key.value_or(key_);
     importErrorLine_ = script.BadLine;
     if (script.BadLine != 0) {
-        SetIDField("");
+        if (!InGame()) SetIDField("");  // one of a game cannot be without a name
         description_.clear();
         RaiseCatalogue(681, ErrorSource());
     }

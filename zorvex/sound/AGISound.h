@@ -33,9 +33,9 @@ enum SoundFormat : std::uint8_t {
 ///   sequence. Its tracks are empty.
 ///
 /// Bytes and notes follow each other. The notes are read from the bytes at Load, and again at the next use of
-/// Track after the bytes were edited; that reading counts the bytes as saved, so save an edit of the bytes
-/// before using the tracks. Save and Export write changed notes back to the bytes. The MIDI or wave form is
-/// made when it is first asked for and kept until something that it depends on changes.
+/// Track after the bytes were edited. Reading never counts a change as saved. Save and Export write changed
+/// notes back to the bytes. The MIDI or wave form is made when it is first asked for and kept until something
+/// that it depends on changes.
 ///
 /// A new sound belongs to no game, is loaded and has no notes. All members that need the bytes raise 563 on a
 /// sound that is not loaded, before anything else. A fault of an inner step passes with its own number,
@@ -79,30 +79,33 @@ class AGISound : public GameResource, public std::enable_shared_from_this<AGISou
     void SetSound(const AGISound& copySound);
 
     // --- Life ---
-    /// Reads the bytes if they are not there, the settings, and the notes as the bytes have them. Raises 598
-    /// for bytes that are no sound, 565, and what reading a resource raises; the sound is not loaded then.
+    /// Reads the bytes if they are not there, the settings, and the notes as the bytes have them; edits that
+    /// are not saved stay. Raises 598 for bytes that are no sound, 565, and what reading a resource raises; the
+    /// sound is not loaded then.
     void Load() override;
     /// Drops bytes, tracks and converted form; name, description, Key and TPQN stay.
     void Unload() override;
     /// Makes the sound one without notes, whose instruments are 0.
     void Clear() override;
     /// In a game: writes changed settings to the property list and a changed sound to a volume. A stand-alone
-    /// sound goes to `saveFile`; with a name in ".ass" or ".mid" it is exported in that form to ResFile
-    /// instead. Bytes of kinds 2 and 3 are saved as they are. Raises 566 when the notes do not fit a
-    /// resource.
+    /// sound goes to `saveFile`, changed or not where that is another than ResFile; with a name in ".ass" or
+    /// ".mid" in that form. Bytes of kinds 2 and 3 are saved as they are. Raises 566 when the notes do not fit
+    /// a resource.
     void Save(std::string_view saveFile = {}) override;
 
     // --- Files ---
     /// Writes a file. The format is taken from the file's extension unless it is sfAGI, sfMIDI or sfScript. A
     /// MIDI file can be had of kinds 1 and 3, a wave file of kind 2 and a script of kind 1; else 596 is
-    /// raised. `resetDirty` counts the sound as saved: by a script, and outside a game by the raw resource.
-    /// Outside a game the file's name becomes the ID.
+    /// raised. Outside a game `resetDirty` counts the sound as
+    /// saved, by a script and by the raw resource, and the file's name becomes the ID.
     void Export(std::string_view exportFile, SoundFormat fileFormat = sfAGI, bool resetDirty = true);
     /// Replaces the sound by a raw PC/PCjr resource or a script; which one is told from the first two bytes.
-    /// The file's name becomes the ID, Key becomes 0 and TPQN 16 unless a script says otherwise. The sound
-    /// then counts as saved, unless a setting of the script was passed over. Raises 681, "Invalid sound
-    /// resource file", for fewer than three bytes and for a script with a bad line, which leaves the sound
-    /// without notes and without ID. No other fault is reported.
+    /// The file's name becomes the ID, Key becomes 0 and TPQN 16 unless a script says otherwise. In a game all
+    /// of it waits to be saved, and a name that the setter of ID refuses leaves the old one; elsewhere the
+    /// sound counts as saved, unless a setting of the script was passed over. Raises 604 without a name and 524
+    /// for a file that is not there; 681, "Invalid sound resource file", for fewer than three bytes; these
+    /// leave the sound as it was. A script with a bad line raises 681 too and leaves the sound without notes,
+    /// and outside a game without ID. No other fault is reported.
     void Import(std::string_view importFile);
     /// The number of the bad line, from 1, when the last Import met one; else 0.
     std::int32_t ImportErrorLine() const { return importErrorLine_; }
@@ -133,7 +136,9 @@ class AGISound : public GameResource, public std::enable_shared_from_this<AGISou
   private:
     void NewTracks(std::uint8_t instrument);
     void ReleaseTracks();
-    void LoadTracks();
+    void ReadOwnSettings();
+    void LoadTracks(bool withSettings);
+    void ReadSettings(std::size_t track, TrackData& values) const;
     void EnsureTracks();
     void CompileSound();
     void CompileIfDirty();
@@ -149,7 +154,8 @@ class AGISound : public GameResource, public std::enable_shared_from_this<AGISou
     bool ImportScript(ByteView file);
 
     std::array<std::shared_ptr<AGITrack>, 4> tracks_;
-    bool tracksSet_ = false;  // the notes are those of the bytes
+    bool tracksSet_ = false;     // the notes are those of the bytes
+    bool settingsRead_ = false;  // the settings are those of the property list, or newer
     std::int32_t key_ = 0;
     std::int32_t tpqn_ = 16;
     std::int32_t sndFormat_ = 1;

@@ -68,10 +68,11 @@ void AppendNote(ByteArray& bytes, const NoteData& note, std::size_t track) {
     const bool isNoise = track == NoiseTrack;
     const int voice = 32 * static_cast<int>(track);
     AppendWord(bytes, note.Duration);
-    bytes.push_back(isNoise ? std::uint8_t{0} : Narrow<std::uint8_t>(note.FreqDivisor / 16));
-    bytes.push_back(
-        Narrow<std::uint8_t>((isNoise ? note.FreqDivisor : note.FreqDivisor & 0x0F) + 128 + voice));
-    bytes.push_back(Narrow<std::uint8_t>(note.Attenuation + 144 + voice));
+    bytes.push_back(isNoise ? std::uint8_t{0}
+                            : Narrow<std::uint8_t>(note.FreqDivisor / 16, SoundErrorSource));
+    bytes.push_back(Narrow<std::uint8_t>((isNoise ? note.FreqDivisor : note.FreqDivisor & 0x0F) + 128 + voice,
+                                         SoundErrorSource));
+    bytes.push_back(Narrow<std::uint8_t>(note.Attenuation + 144 + voice, SoundErrorSource));
 }
 
 }  // namespace

@@ -294,10 +294,15 @@ void AGIResource::Export(std::string_view exportFile) {
     if (!Attached()) resFile_ = path;
 }
 
-void AGIResource::Import(std::string_view importFile) {
+std::string AGIResource::ImportPath(const Internal& /*key*/, std::string_view importFile) {
     if (importFile.empty()) RaiseCatalogue(604, ErrorSource);
-    const std::string path = InnerPath(importFile);
+    std::string path = InnerPath(importFile);
     if (!FileExists(path)) RaiseCatalogue(524, ErrorSource, importFile);
+    return path;
+}
+
+void AGIResource::Import(std::string_view importFile) {
+    const std::string path = ImportPath(Internal(), importFile);
     if (loaded_) Unload();
     ByteArray bytes;
     if (Attempt([&] { bytes = Files().Read(path); }) || bytes.empty()) {

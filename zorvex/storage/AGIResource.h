@@ -119,6 +119,8 @@ class AGIResource {
     void SizeInVol(const Internal& /*key*/, std::int32_t value) { sizeInVol_ = value; }
     void Volume(const Internal& /*key*/, std::int32_t value) { volume_ = value; }
     void Loc(const Internal& /*key*/, std::int32_t value) { loc_ = value; }
+    /// The inner path of a file to import. Raises 604 without a name and 524 when it is not there.
+    static std::string ImportPath(const Internal& key, std::string_view importFile);
     /// Takes type and file from another buffer, and outside a game its number; a resource of a game keeps its
     /// number and place.
     void SetRes(const Internal& key, const AGIResource& source);

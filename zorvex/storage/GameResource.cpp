@@ -81,6 +81,25 @@ void GameResource::TakeFileName(std::string_view path) {
     }
 }
 
+void GameResource::ImportBytes(std::string_view path) {
+    const bool wasLoaded = Loaded();
+    Guarded([&] { resource_.Import(path); },
+            [&] {
+                if (wasLoaded && !Loaded()) Unload();
+            });
+}
+
+void GameResource::Imported(std::string_view path) {
+    TakeFileName(path);
+    DataDirty(InGame());
+    if (!InGame()) WritePropState(false);
+}
+
+bool GameResource::HasToWrite(std::string_view saveFile) const {
+    if (DataDirty()) return true;
+    return !InGame() && !saveFile.empty() && InnerPath(saveFile) != ResFile();
+}
+
 void GameResource::SetIDOrRaise686(std::string_view value) {
     try {
         GameResource::ID(value);

@@ -116,6 +116,15 @@ class GameResource {
     /// The name of a file becomes the ID: outside a game without checks; in a game a name that another
     /// resource has, or that the setter refuses, leaves the old one.
     void TakeFileName(std::string_view path);
+    /// Reads a file as the bytes. Raises 604 without a name and 524 for a file that is not there, which both
+    /// leave the object as it was, and 605 for a file that gives no bytes, which unloads it.
+    void ImportBytes(std::string_view path);
+    /// After the contents of a file have become those of this object: the file's name becomes the ID. In a
+    /// game they wait to be saved; a stand-alone object is what the file holds.
+    void Imported(std::string_view path);
+    /// True when a save to a file, or into the game, has something to write: what has changed, or for a
+    /// stand-alone object a file other than the one that it came from.
+    bool HasToWrite(std::string_view saveFile) const;
     /// Writes a key of this resource's section, in its group or in none. Nothing happens outside a game.
     void WriteKey(std::string_view key, std::string_view value, bool inGroup = true) const;
 

@@ -21,7 +21,7 @@ namespace zorvex {
 /// "ZORVEX.AGICel".
 class AGICel {
   public:
-    static constexpr std::string_view ErrorSource = "ZORVEX.AGICel";
+    static constexpr std::string_view ErrorSource = CelErrorSource;
     static constexpr std::int32_t MaxWidth = MaxCelWidth;
     static constexpr std::int32_t MaxHeight = MaxCelHeight;
 
@@ -73,6 +73,8 @@ class AGICel {
 
     // --- For the library ---
 
+    /// Leaves the view: it hears of no change any more.
+    void Leave() { link_.reset(); }
     void Index(std::uint8_t value) { index_ = value; }
     bool ShowMirrored() const { return showMirrored_; }
     void ShowMirrored(bool value) { showMirrored_ = value; }

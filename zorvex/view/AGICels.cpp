@@ -49,6 +49,7 @@ std::shared_ptr<AGICel> AGICels::Add(AnyInteger pos, AnyInteger celWidth, AnyInt
 void AGICels::Remove(AnyInteger index) {
     if (Count() == 1) RaiseCatalogue(612, ErrorSource);
     if (index < 0 || index >= Count()) RaiseText(reSubscript, ErrorSource, "subscript out of range");
+    Stored(index)->Leave();
     cels_.erase(cels_.begin() + index);
     RenewIndexes();
     MarkDirty(link_);
@@ -72,6 +73,12 @@ void AGICels::FlipPixels() {
     for (const auto& cel : cels_) {
         cel->FlipPixels();
     }
+}
+
+void AGICels::Leave() {
+    for (const auto& cel : cels_)
+        cel->Leave();
+    link_.reset();
 }
 
 void AGICels::EndMirroring() {

@@ -29,8 +29,8 @@ class AGICels {
     /// transparent in black. Raises 552.
     std::shared_ptr<AGICel> Add(AnyInteger pos = 255, AnyInteger celWidth = 1, AnyInteger celHeight = 1,
                                 AGIColors transColor = agBlack);
-    /// Removes a cel; those behind it move down. Raises 612 for the last one left, run-time error 9 for a
-    /// position that is not there.
+    /// Removes a cel, which then stands alone; those behind it move down. Raises 612 for the last one left,
+    /// run-time error 9 for a position that is not there.
     void Remove(AnyInteger index);
 
     /// Takes a cel to another position; those between move by one. Raises run-time error 9 for a position
@@ -49,6 +49,8 @@ class AGICels {
     /// A cel, without a change of how it shows itself. Raises run-time error 9.
     const std::shared_ptr<AGICel>& Stored(AnyInteger index) const;
 
+    /// The cels leave the view.
+    void Leave();
     bool ShowMirrored() const { return showMirrored_; }
     void ShowMirrored(bool value) { showMirrored_ = value; }
     /// A list with copies of all cels, as they show themselves when fetched through this list. Nothing is

@@ -62,6 +62,12 @@ void AGILoop::CopyLoop(const AGILoop& sourceLoop) {
     MarkDirty(link_);
 }
 
+void AGILoop::Leave() {
+    owner_ = nullptr;
+    link_.reset();
+    cels_->Leave();
+}
+
 void AGILoop::SetCels(const std::shared_ptr<AGICels>& cels) {
     cels_ = cels;
     if (AGILoop* partner = Partner()) partner->cels_ = cels;

@@ -41,6 +41,10 @@ class AGILoop {
 
     // --- For the library ---
 
+    /// The cels, without a change of how they show themselves.
+    const AGICels& Stored() const { return *cels_; }
+    /// Leaves its list and the view, with the cels.
+    void Leave();
     /// True for the loop of a mirror pair that shows its cels flipped.
     bool IsMirror() const { return mirrorPair_ < 0; }
     /// The pixels of a cel as this loop shows them, without a change of how the cel shows itself. Raises

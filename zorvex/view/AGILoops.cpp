@@ -10,6 +10,10 @@
 namespace zorvex {
 
 AGILoops::~AGILoops() {
+    // Loops that somebody still holds lose their partners, and must go on showing what they showed.
+    for (const auto& loop : loops_) {
+        if (loop.use_count() > 1) Attempt([&] { loop->UnMirror(); });
+    }
     for (const auto& loop : loops_) {
         loop->Owner(nullptr);
     }
@@ -51,7 +55,7 @@ void AGILoops::Take(AnyInteger index) {
         loop->SetCels(own);
         if (wasSource) shared->FlipPixels();
     }
-    loop->Owner(nullptr);
+    loop->Leave();
     loops_.erase(loops_.begin() + index);
     RenewIndexes();
     MarkDirty(link_);

@@ -30,7 +30,8 @@ class AGILoops {
     std::shared_ptr<AGILoop> Item(AnyInteger index) const;
     std::int32_t Count() const { return static_cast<std::int32_t>(loops_.size()); }
     /// Removes a loop; those behind it move down. The partner of a mirrored loop goes on showing what it
-    /// showed, no longer mirrored; so does the removed loop for a host that still holds it. Raises 613 for
+    /// showed, no longer mirrored; so does the removed loop for a host that still holds it, and of whose
+    /// changes the view hears no more. Raises 613 for
     /// the last loop left, run-time error 9 for a position that is not there.
     void Remove(AnyInteger index);
 

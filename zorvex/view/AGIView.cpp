@@ -38,13 +38,14 @@ void AGIView::DropLoops() {
     viewSet_ = false;
 }
 
+void AGIView::RequireRead() {
+    RequireLoaded();
+    if (!viewSet_) LoadViewData();
+}
+
 void AGIView::RequireSet() {
     RequireLoaded();
-    if (viewSet_) return;
-    // The bytes may wait to be saved; to look at them does not change that.
-    const bool dirty = DataDirty();
-    Guarded([&] { LoadViewData(); }, [&] { Unload(); });
-    DataDirty(dirty);
+    Guarded([&] { RequireRead(); }, [&] { Unload(); });
 }
 
 std::shared_ptr<AGILoops> AGIView::Loops() {
@@ -53,14 +54,15 @@ std::shared_ptr<AGILoops> AGIView::Loops() {
 }
 
 std::string AGIView::ViewDescription() {
-    RequireSet();
+    RequireRead();
     return viewDescription_;
 }
 
 void AGIView::ViewDescription(std::string_view value) {
-    if (Loaded()) RequireSet();
-    if (value == viewDescription_) return;
-    viewDescription_ = value;
+    if (Loaded()) RequireRead();
+    const std::string_view cut = value.substr(0, std::min(value.find('\0'), MaxViewDescription));
+    if (cut == viewDescription_) return;
+    viewDescription_ = cut;
     DataDirty(true);
 }
 
@@ -97,9 +99,12 @@ void AGIView::WriteCel(AnyInteger loop, AnyInteger cel, CelPixels pixels,
 
 void AGIView::LoadViewData() {
     DropLoops();
-    TakeContent(DecodeView(Resource().View()));
+    ViewContent content = DecodeView(Resource().View());
+    // The bytes may wait to be saved; to look at them does not change that.
+    const bool dirty = DataDirty();
+    TakeContent(std::move(content));
     viewSet_ = true;
-    DataDirty(false);
+    DataDirty(dirty);
 }
 
 void AGIView::TakeContent(ViewContent content) {
@@ -123,18 +128,17 @@ ViewContent AGIView::Content() {
         LoopContent& copy = content.loops.emplace_back();
         if (loop->Mirrored()) copy.mirrorLoop = loop->MirrorLoop();
         if (loop->Mirrored() && copy.mirrorLoop < loop->Index()) continue;
-        const std::shared_ptr<AGICels> cels = loop->Cels();
-        for (std::int32_t j = 0; j < cels->Count(); ++j) {
-            const std::shared_ptr<AGICel> cel = cels->Item(j);
-            copy.cels.push_back({cel->AllCelData(), cel->TransColor()});
-        }
+        // Cels that a host holds go on showing themselves as they do.
+        for (std::int32_t j = 0; j < loop->Stored().Count(); ++j)
+            copy.cels.push_back({loop->ShownPixels(j), loop->Stored().Stored(j)->TransColor()});
     }
     content.description = viewDescription_;
     return content;
 }
 
 void AGIView::BuildViewData() {
-    Wrapped(632, [&] { Resource().SetAllData(EncodeView(Content())); });
+    const ByteArray bytes = Wrapped(632, [&] { return EncodeView(Content()); });
+    Resource().SetAllData(bytes);
     viewSet_ = true;
 }
 
@@ -150,6 +154,7 @@ void AGIView::WriteDefaultView() {
 void AGIView::Load() {
     Guarded(
         [&] {
+            if (Loaded() && viewSet_ && IsDirty()) return;  // edits stay
             if (!Loaded()) Resource().Load();
             LoadViewData();
         },
@@ -186,14 +191,14 @@ void AGIView::WriteNumberedProperties() const {
 }
 
 void AGIView::Save(std::string_view saveFile) {
+    if (Loaded() && DataDirty()) BuildViewData();  // first, since it may fail
     if (InGame() && WritePropState()) {
         WriteKey("ID", ID());
         WriteKey("Description", Description());
         WritePropState(false);
     }
     RequireLoaded();
-    if (!DataDirty()) return;
-    BuildViewData();
+    if (!HasToWrite(saveFile)) return;
     DataDirty(!Resource().Save(saveFile));
     if (InGame()) WriteSize();
 }
@@ -203,17 +208,16 @@ void AGIView::Export(std::string_view exportFile, bool resetDirty) {
     if (DataDirty()) BuildViewData();
     const std::string path = InnerPath(exportFile);
     Resource().Export(path);
-    if (!InGame()) TakeFileName(path);
+    if (InGame()) return;
+    TakeFileName(path);
     if (resetDirty) DataDirty(false);
 }
 
 void AGIView::Import(std::string_view importFile) {
     const std::string path = InnerPath(importFile);
-    Guarded([&] { Resource().Import(path); }, [&] { Unload(); });
-    TakeFileName(path);
-    DataDirty(false);
-    WritePropState(false);
+    ImportBytes(path);
     viewSet_ = false;
+    Imported(path);
 }
 
 void AGIView::SetView(AGIView& copyView) {

@@ -29,8 +29,9 @@ class AGIView : public GameResource {
     /// The loops; reads them from the bytes when needed, and an error of that unloads the view. Raises 563,
     /// and 595, 548, 553, 539, 513 for damage that leaves no view.
     std::shared_ptr<AGILoops> Loops();
-    /// The text stored in the view itself; game text, cut to 255 characters when read from bytes. Raises as
-    /// Loops; but the setter needs no load, and the next load replaces what it stored.
+    /// The text stored in the view itself; game text, at most 255 characters without a zero byte: the setter
+    /// cuts the value. Raises as Loops, but leaves the bytes that gave an error; the setter needs no load,
+    /// and the next load replaces what it stored then.
     std::string ViewDescription();
     void ViewDescription(std::string_view value);
     /// Makes one loop the mirror of another: from now on both have the source's cels, and the target shows
@@ -58,22 +59,24 @@ class AGIView : public GameResource {
     /// fault.
     void ID(std::string_view value) override { SetIDOrRaise686(value); }
     bool IsDirty() const override;
-    /// Reads the bytes unless they are loaded, and the loops from them. Any error unloads the view.
+    /// Reads the bytes unless they are loaded, and the loops from them; edits that are not saved stay. Any
+    /// error unloads the view.
     void Load() override;
     /// Drops bytes and loops, with whatever was not saved.
     void Unload() override;
     /// Makes this the smallest view. Raises 563.
     void Clear() override;
     /// In a game: ID and description to the property list if they wait for it, and the bytes, rebuilt, to a
-    /// volume if there are changes. A stand-alone view goes to the file. Raises 563, 632, and what the
-    /// buffer's save raises.
+    /// volume if there are changes. A stand-alone view goes to the file, changed or not where that is another
+    /// than ResFile. Raises 563, 632 for a view that could not be read again (more than 65,530 bytes, no
+    /// loops, a loop without cels), which changes nothing, and what the buffer's save raises.
     void Save(std::string_view saveFile = {}) override;
     /// Writes the bytes, rebuilt if there are changes, to a file. Outside a game the ID becomes the file's
-    /// name. With `resetDirty` the changes count as saved. Raises 563, 632, and what the buffer's export
-    /// raises.
+    /// name, and with `resetDirty` the changes count as saved. Raises as Save.
     void Export(std::string_view exportFile, bool resetDirty = true);
-    /// Reads a file as the bytes of the view, whose ID becomes the file's name. Raises what the buffer's
-    /// import raises, and then the view is unloaded.
+    /// Reads a file as the bytes of the view, whose ID becomes the file's name. In a game they wait to be
+    /// saved, and a name that the setter of ID refuses leaves the old one. Raises 604 and 524, which leave
+    /// the view as it was, and 605, which unloads it.
     void Import(std::string_view importFile);
     /// Makes this view a copy of another, loops and mirror pairs included. Raises 643.
     void SetView(AGIView& copyView);
@@ -89,6 +92,8 @@ class AGIView : public GameResource {
     bool IDsIgnoreCase() const override { return true; }
 
   private:
+    /// Reads the loops from the bytes when needed; RequireSet also unloads the view when that fails.
+    void RequireRead();
     void RequireSet();
     void LoadViewData();
     void DropLoops();

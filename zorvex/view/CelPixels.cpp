@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "zorvex/base/Error.h"
+#include "zorvex/view/ViewLimits.h"
 
 namespace zorvex {
 
@@ -11,9 +12,9 @@ namespace {
 
 /// The number of pixels, which like Width and Height is a number of 32 bits.
 std::size_t Area(AnyInteger width, AnyInteger height) {
-    if (width < 0 || height < 0) RaiseRuntime(reSubscript);
+    if (width < 0 || height < 0) RaiseRuntime(reSubscript, CelErrorSource);
     constexpr AnyInteger most = std::numeric_limits<std::int32_t>::max();
-    if (width > most || height > most || width * height > most) RaiseRuntime(reOutOfMemory);
+    if (width > most || height > most || width * height > most) RaiseRuntime(reOutOfMemory, CelErrorSource);
     return static_cast<std::size_t>(width * height);
 }
 
@@ -25,17 +26,17 @@ CelPixels::CelPixels(AnyInteger width, AnyInteger height, AGIColors fill)
       height_(static_cast<std::int32_t>(height)) {}
 
 std::size_t CelPixels::Index(AnyInteger x, AnyInteger y) const {
-    if (x < 0 || x >= width_ || y < 0 || y >= height_) RaiseRuntime(reSubscript);
+    if (x < 0 || x >= width_ || y < 0 || y >= height_) RaiseRuntime(reSubscript, CelErrorSource);
     return static_cast<std::size_t>(y) * static_cast<std::size_t>(width_) + static_cast<std::size_t>(x);
 }
 
 std::span<AGIColors> CelPixels::Row(AnyInteger y) & {
-    if (y < 0 || y >= height_) RaiseRuntime(reSubscript);
+    if (y < 0 || y >= height_) RaiseRuntime(reSubscript, CelErrorSource);
     return std::span(pixels_).subspan(Area(width_, y), static_cast<std::size_t>(width_));
 }
 
 std::span<const AGIColors> CelPixels::Row(AnyInteger y) const& {
-    if (y < 0 || y >= height_) RaiseRuntime(reSubscript);
+    if (y < 0 || y >= height_) RaiseRuntime(reSubscript, CelErrorSource);
     return std::span(pixels_).subspan(Area(width_, y), static_cast<std::size_t>(width_));
 }
 

@@ -15,7 +15,6 @@ namespace {
 constexpr std::size_t loopCountAt = 2;
 constexpr std::size_t descriptionAt = 3;
 constexpr std::size_t loopTableAt = 5;
-constexpr std::size_t maxDescription = 255;
 constexpr std::uint8_t mirrorBit = 0x80;
 constexpr std::size_t longestRun = 15;
 constexpr std::ptrdiff_t widestFill = 16;
@@ -129,7 +128,7 @@ class ViewReader {
         if (place == 0) return;
         if (place + 1 >= bytes_.size()) RaiseCatalogue(513, ViewErrorSource);
         const ByteView rest = bytes_.subspan(place);
-        const ByteView text = rest.first(std::min(rest.size(), maxDescription));
+        const ByteView text = rest.first(std::min(rest.size(), MaxViewDescription));
         view_.description.assign(text.begin(), std::ranges::find(text, 0));
     }
 
@@ -203,6 +202,7 @@ class RowWriter {
 
 void WriteLoop(ByteArray& out, const LoopContent& loop, std::size_t index) {
     const std::size_t loopLoc = out.size();
+    if (loop.cels.empty()) RaiseCatalogue(534, ViewErrorSource);
     out.push_back(Narrow<std::uint8_t>(loop.cels.size(), ViewErrorSource));
     out.resize(out.size() + 2 * loop.cels.size());
     const bool mirrored = loop.mirrorLoop != LoopContent::None;
@@ -228,6 +228,7 @@ ViewContent DecodeView(ByteView bytes) {
 }
 
 ByteArray EncodeView(const ViewContent& view) {
+    if (view.loops.empty()) RaiseCatalogue(595, ViewErrorSource);
     ByteArray out{1, 1, Narrow<std::uint8_t>(view.loops.size(), ViewErrorSource), 0, 0};
     out.resize(loopTableAt + 2 * view.loops.size());
     std::vector<std::size_t> loopLocs;
@@ -248,6 +249,7 @@ ByteArray EncodeView(const ViewContent& view) {
         out.insert(out.end(), view.description.begin(), view.description.end());
         out.push_back(0);
     }
+    if (std::cmp_greater(out.size(), MaxResourceSize)) RaiseCatalogue(516, ResourceErrorSource);
     return out;
 }
 

@@ -48,8 +48,8 @@ inline constexpr std::size_t MaxViewPixels = std::size_t{64} << 20;
 /// beyond the end counts as 0.
 ViewContent DecodeView(ByteView bytes);
 
-/// The bytes of a view. Raises 654 for a pixel above 15; 516 and 557 where the view is too large for its
-/// offsets.
+/// The bytes of a view, which DecodeView reads. Raises 654 for a pixel above 15, 595 for no loops, 534 for a
+/// loop without cels; 516 and 557 where the view is too large for a resource or its offsets.
 ByteArray EncodeView(const ViewContent& view);
 
 /// Reads the rows of a cel of that size from a position on. Raises 555 when a row is wider than the cel or

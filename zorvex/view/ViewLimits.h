@@ -1,6 +1,7 @@
 // How large views, loops and cels may be, for their classes and their codec.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -14,7 +15,11 @@ inline constexpr std::int32_t MaxViewLoops = 255;
 /// The number of loops that can be mirrored, from the first.
 inline constexpr std::int32_t MirrorableLoops = 8;
 
-/// The source that errors of views carry.
+/// The longest description inside a view, in bytes.
+inline constexpr std::size_t MaxViewDescription = 255;
+
+/// The source that errors of views carry, and of cels.
 inline constexpr std::string_view ViewErrorSource = "Zorvex.agiView";
+inline constexpr std::string_view CelErrorSource = "ZORVEX.AGICel";
 
 }  // namespace zorvex

@@ -60,7 +60,7 @@ void AGIInventoryObjects::Take(const InventoryData& data) {
         const InventoryData::Item& item = data.Items[i];
         if (i > 0) {
             Append(item.Name, item.Room);
-        } else if (item.Name != UnusedItemName) {
+        } else {
             items_.front()->ItemName(item.Name);
             items_.front()->Room(item.Room);
         }
@@ -90,9 +90,8 @@ void AGIInventoryObjects::NewObjects() {
 void AGIInventoryObjects::SetObjects(const AGIInventoryObjects& newObjects) {
     newObjects.RequireLoaded();
     if (&newObjects == this) return;
+    RequirePresent();
     Take(newObjects.Contents());
-    // Unlike a file, another list also gives the room of an item 0 not in use.
-    items_.front()->Room(newObjects.items_.front()->Room());
     TakeStateOf(newObjects);
 }
 

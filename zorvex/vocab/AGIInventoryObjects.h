@@ -22,7 +22,7 @@ namespace zorvex {
 /// The list keeps Unique of every item up to date; a change of a name costs one walk over the items.
 class AGIInventoryObjects : public GameList {
   public:
-    static constexpr std::string_view ErrorSource = "ZORVEX.agiObjectFile";
+    static constexpr std::string_view ErrorSource = InventoryErrorSource;
 
     AGIInventoryObjects();
     ~AGIInventoryObjects() override;
@@ -31,8 +31,9 @@ class AGIInventoryObjects : public GameList {
     /// Begins a stand-alone list with one item "?" and the settings of a new list. Raises 642 when loaded and
     /// 510 for the list of a game.
     void NewObjects();
-    /// Takes over the items, the settings, the description and the unsaved state of another list, and outside
-    /// a game its file; whether this one belongs to a game stays. Raises 563 when the other is not loaded.
+    /// Takes over the items, the settings and the description of another list, and outside a game its file
+    /// and its unsaved state. The list of a game then waits to be saved; its description goes to the property
+    /// list. Raises 563 when the other is not loaded.
     void SetObjects(const AGIInventoryObjects& newObjects);
     /// As for all lists. Raises 615 without a file name, whatever the type, and 674 for any fault while
     /// OBJECT is written.

@@ -49,6 +49,7 @@ void AGIWordList::NewWords() {
 
 void AGIWordList::SetWords(const AGIWordList& newWords) {
     newWords.RequireLoaded();
+    RequirePresent();
     VocabularyData data = newWords.table_.Contents();
     data.Description = newWords.description_;
     Take(data);

@@ -39,8 +39,9 @@ class AGIWordList : public GameList {
     /// Begins a stand-alone list with the words "a", "anyword" and "rol" in the groups 0, 1 and 9999. Raises
     /// 642 when loaded and 510 for the list of a game.
     void NewWords();
-    /// Takes over the contents, the description and the unsaved state of another list, and outside a game its
-    /// file; whether this one belongs to a game stays. Raises 563 when the other is not loaded.
+    /// Takes over the contents and the description of another list, and outside a game its file and its
+    /// unsaved state. The list of a game then waits to be saved; its description goes to the property list.
+    /// Raises 563 when the other is not loaded.
     void SetWords(const AGIWordList& newWords);
     /// As for all lists; saving that of a game also sets the game's LastEdit. Raises 672 for a list without
     /// groups or words and for any fault while WORDS.TOK is written.

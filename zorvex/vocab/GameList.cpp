@@ -60,30 +60,39 @@ void GameList::LeaveGame(const Internal& /*key*/) noexcept {
 // --- State ---
 void GameList::BeginNew() {
     if (loaded_) RaiseCatalogue(642, family_.ErrorSource);
-    if (Attached()) RaiseCatalogue(510, family_.ErrorSource);
-    resFile_.clear();
-    BecomeLoaded({});
+    if (Attached() && !unreadable_) RaiseCatalogue(510, family_.ErrorSource);
+    if (!Attached()) resFile_.clear();
+    if (!unreadable_) BecomeLoaded({});
     Clear();
 }
 
 void GameList::BecomeLoaded(std::string_view description) {
     description_ = description;
     loaded_ = true;
+    unreadable_ = false;
 }
 
 void GameList::TakeStateOf(const GameList& other) {
-    isDirty_ = other.isDirty_;
-    if (!Attached()) resFile_ = other.resFile_;
+    isDirty_ = other.isDirty_ || Attached();
+    if (Attached()) {
+        WriteGameProperty(family_.FileName, descriptionKey, description_);
+    } else {
+        resFile_ = other.resFile_;
+    }
 }
 
 void GameList::Clear() {
+    const bool wasUnreadable = unreadable_;
+    if (wasUnreadable) BecomeLoaded({});  // what nobody can read is nothing to keep
     RequireLoaded();
     Reset();
+    if (wasUnreadable && Attached()) ReadDescription();
     isDirty_ = true;
 }
 
 void GameList::Unload() {
-    Clear();
+    RequireLoaded();
+    Reset();
     loaded_ = false;
     isDirty_ = false;
 }
@@ -117,6 +126,7 @@ void GameList::Load(std::string& loadFile) {
     if (loaded_) RaiseCatalogue(511, family_.ErrorSource);
     RequirePresent();
     loadErrorLine_ = 0;
+    unreadable_ = false;
     if (Attached()) {
         loadFile = GameFile(family_.FileName);
         LoadFromGame();
@@ -137,8 +147,13 @@ bool GameList::TryTake(ByteView bytes, bool asText) {
 void GameList::LoadFromGame() {
     if (!TryTake(BytesOrNone(GameFile(family_.FileName)), false)) {
         Reset();
+        unreadable_ = true;
         RaiseCatalogue(family_.UnreadableError, family_.ErrorSource);
     }
+    ReadDescription();
+}
+
+void GameList::ReadDescription() {
     description_ = CutCharacters(ReadGameString(family_.FileName, descriptionKey, ""), MaxDescription);
 }
 
@@ -149,6 +164,7 @@ void GameList::LoadFromFile(std::string_view loadFile) {
     const ByteArray bytes = BytesOrNone(file);
     const bool textFirst = LowerCase(file).ends_with(family_.TextExtension);
     if (!TryTake(bytes, textFirst) && !TryTake(bytes, !textFirst)) {
+        unreadable_ = true;
         RaiseCatalogue(family_.UnreadableError, family_.ErrorSource);
     }
     loadErrorLine_ = 0;  // the second form may have been the right one
@@ -159,13 +175,14 @@ void GameList::LoadFromFile(std::string_view loadFile) {
 void GameList::Write(const std::string& file, std::int32_t fileType) const {
     if (fileType == textForm) {
         if (file.empty()) RaiseCatalogue(615, family_.ErrorSource);
-        ReplaceWholeFile(file, TextBytes());
+        Sourced(family_.ErrorSource, [&] { ReplaceWholeFile(file, TextBytes()); });
     }
     if (fileType == interpretersForm) {
         if (file.empty()) RaiseCatalogue(616, family_.ErrorSource);
         if (!isDirty_ && EqualNoCase(file, resFile_)) return;
         const std::int32_t id = family_.WriteError;
-        Wrapped(id, [&] { ReplaceWholeFile(file, FileBytes()); }, {id});
+        Wrapped(id, [&] { Sourced(family_.ErrorSource, [&] { ReplaceWholeFile(file, FileBytes()); }); },
+                {id});
     }
 }
 

@@ -55,7 +55,9 @@ class GameList {
     /// Writes the list in the interpreter's form (file type 0) or as text (1); another type writes nothing. A
     /// stand-alone list takes the name as its ResFile and, with `resetDirty`, counts as saved.
     virtual void Export(std::string_view exportFile, std::int32_t fileType, bool resetDirty = true);
-    /// Empties the list, which then counts as changed.
+    /// Empties the list, which then counts as changed. Of lists that are not loaded, one whose last Load
+    /// found a file in neither form becomes an empty one (in a game with its description), so that it can be
+    /// filled and saved; so it does by its "New" method, also in a game.
     void Clear();
     void Unload();
 
@@ -111,6 +113,7 @@ class GameList {
 
   private:
     void LoadFromGame();
+    void ReadDescription();
     void LoadFromFile(std::string_view loadFile);
     bool TryTake(ByteView bytes, bool asText);
     void Write(const std::string& file, std::int32_t fileType) const;
@@ -120,6 +123,7 @@ class GameList {
     std::shared_ptr<const GameSession> session_;  // of the game that this belongs to, even when it has ended
     bool isDirty_ = false;
     bool loaded_ = false;
+    bool unreadable_ = false;  // the last Load found a file in neither form
     std::int32_t loadErrorLine_ = 0;
 };
 

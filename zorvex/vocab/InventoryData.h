@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "zorvex/base/Types.h"
@@ -11,6 +12,8 @@ namespace zorvex {
 
 /// The most items that a file can hold.
 inline constexpr std::size_t MaxItems = 256;
+/// The source that errors of inventories carry.
+inline constexpr std::string_view InventoryErrorSource = "ZORVEX.agiObjectFile";
 /// The name of an item that is not in use.
 inline constexpr std::string_view UnusedItemName = "?";
 

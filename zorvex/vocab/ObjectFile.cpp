@@ -77,8 +77,8 @@ ByteArray EncodeObjectFile(const InventoryData& data) {
     const std::size_t texts = record * (data.Items.size() + 1);
     ByteArray bytes(texts);
     const auto writeRecord = [&](std::size_t index, std::size_t target, std::uint8_t value) {
-        const auto offset =
-            static_cast<std::uint16_t>(Narrow<std::int16_t>(target) - static_cast<int>(record));
+        const auto offset = static_cast<std::uint16_t>(Narrow<std::int16_t>(target, InventoryErrorSource) -
+                                                       static_cast<int>(record));
         bytes[record * index] = static_cast<std::uint8_t>(offset & 0xFFU);
         bytes[record * index + 1] = static_cast<std::uint8_t>(offset >> 8U);
         bytes[record * index + 2] = value;

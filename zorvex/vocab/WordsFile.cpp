@@ -22,7 +22,7 @@ char DecodeCharacter(std::uint8_t byte) {
 
 std::uint8_t EncodeCharacter(char character) {
     const auto code = static_cast<std::uint8_t>(character);
-    if (code >= lastCharacter) RaiseRuntime(reOverflow);
+    if (code >= lastCharacter) RaiseRuntime(reOverflow, VocabularyErrorSource);
     return code ^ characterMask;
 }
 
@@ -37,12 +37,12 @@ std::size_t CommonStart(std::string_view left, std::string_view right) {
 void AppendWord(ByteArray& bytes, const AGIWord& word, std::string_view previous) {
     const std::size_t shared = CommonStart(word.WordText, previous);
     const std::string_view rest = std::string_view(word.WordText).substr(shared);
-    if (rest.empty()) RaiseRuntime(reInvalidCall);
-    bytes.push_back(Narrow<std::uint8_t>(shared));
+    if (rest.empty()) RaiseRuntime(reInvalidCall, VocabularyErrorSource);
+    bytes.push_back(Narrow<std::uint8_t>(shared, VocabularyErrorSource));
     for (const char character : rest)
         bytes.push_back(EncodeCharacter(character));
     bytes.back() |= lastCharacter;
-    const auto group = Narrow<std::uint16_t>(word.Group);
+    const auto group = Narrow<std::uint16_t>(word.Group, VocabularyErrorSource);
     bytes.push_back(static_cast<std::uint8_t>(group >> 8U));
     bytes.push_back(static_cast<std::uint8_t>(group & 0xFFU));
 }
@@ -86,7 +86,8 @@ ByteArray EncodeWordsFile(const VocabularyData& data) {
         const char first = word.WordText.empty() ? '\0' : word.WordText.front();
         if (first >= 'a' && first <= 'z' && first != letter) {
             letter = first;
-            index[static_cast<std::size_t>(letter - 'a')] = Narrow<std::int16_t>(bytes.size());
+            index[static_cast<std::size_t>(letter - 'a')] =
+                Narrow<std::int16_t>(bytes.size(), VocabularyErrorSource);
         }
         AppendWord(bytes, word, previous);
         previous = word.WordText;

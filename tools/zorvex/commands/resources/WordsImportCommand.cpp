@@ -19,7 +19,8 @@ void Declare(Declaration& command, WordsImportOptions& options) {
 
 /// Makes a stand-alone list that of the game. A list without a description leaves the game its own.
 void Replace(AGIWordList& words, AGIWordList& source) {
-    const std::string former = words.Loaded() ? words.Description() : std::string();
+    if (!words.Loaded()) words.Clear();  // its file cannot be read, but the game has its description
+    const std::string former = words.Description();
     const std::string wanted = source.Description().empty() ? former : source.Description();
     source.Description(former);
     source.IsDirty(true);
