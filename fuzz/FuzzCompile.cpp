@@ -15,6 +15,7 @@
 #include "zorvex/base/Error.h"
 #include "zorvex/base/StringList.h"
 #include "zorvex/base/Text.h"
+#include "zorvex/compiler/CheckLogic.h"
 #include "zorvex/decompiler/LogDecode.h"
 #include "zorvex/logic/LogCompile.h"
 #include "zorvex/state/LibraryState.h"
@@ -56,14 +57,27 @@ bool IsPlaced(const std::string& description) {
            (parts[2].starts_with('4') || parts[2].starts_with('-'));
 }
 
-/// Compiles a text as logic 1. False when it was refused as source.
+/// The first error of a check, with its line, as a compile raises it.
+std::string FirstError(const LogicCheck& check) {
+    for (const Diagnostic& found : check.Diagnostics) {
+        if (found.IsError())
+            return std::to_string(found.Line) + "|" + found.File + "|" + std::to_string(found.Number);
+    }
+    return "none";
+}
+
+/// Compiles a text as logic 1. False when it was refused as source. A check tells the same.
 bool Compiles(const std::string& source) {
     AGILogic& logic = *Game().Logic(1);
     logic.SourceText(source);
+    const LogicCheck check = CheckLogic(source, PresentCheckSettings(1), PresentCheckNames());
     try {
         CompileLogic(logic);
+        const ByteView bytes = logic.Resource().View();
+        FUZZ_CHECK(std::equal(bytes.begin(), bytes.end(), check.Bytes.begin(), check.Bytes.end()));
         return true;
     } catch (const Error& error) {
+        FUZZ_CHECK(!error.Is(635) || error.Description().starts_with(FirstError(check)));
         constexpr std::int32_t sourceError = 635;
         constexpr std::int32_t positionPastTheEnd = 658;
         FUZZ_CHECK(error.Is(sourceError) || error.Is(positionPastTheEnd));
@@ -73,7 +87,7 @@ bool Compiles(const std::string& source) {
 }
 
 std::string Decompiled() {
-    return ConvertToCodePage(DecodeLogic(Game().Logic(1)->Resource().View())->Text("\r"));
+    return ConvertToCodePage(DecodeLogic(Game().Logic(1)->Resource().View())->Text("\r\n"));
 }
 
 }  // namespace

@@ -52,8 +52,9 @@ inline ByteArray LzwCompressed(ByteView plain) {
         if (readerNext > (1 << width) - 2 && width < 11) ++width;
         ++readerNext;
     };
-    reset();
+    bool isFull = true;
     for (const std::uint8_t byte : plain) {
+        if (std::exchange(isFull, false)) reset();  // only where more data follow
         const auto found = table.find({text, byte});
         if (text < 0) {
             text = byte;
@@ -65,7 +66,8 @@ inline ByteArray LzwCompressed(ByteView plain) {
             text = byte;
             if (next == tableSize) {
                 put(text);
-                reset();
+                text = -1;
+                isFull = true;
             }
         }
     }

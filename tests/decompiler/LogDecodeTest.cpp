@@ -38,6 +38,22 @@ TEST(LogDecode, NestsSixtyThreeBlocksAndNoMore) {
     EXPECT_ERROR_TEXT(688, "Too many nested blocks (64) at position 384", Decode(LogicOf(Nested(64))));
 }
 
+TEST(LogDecode, BreaksMessagesUpAtTheWidthAskedFor) {
+    const std::string escape = std::string(72, 'x') + "\"" + std::string(20, 'y');
+    const ByteArray logic = LogicOf(ByteArray{0x65, 1}, {{1, escape}});
+    DecodeSettings settings;
+    const DecodedLogic cut = DecodeLogic(logic, settings, DecodeNames());
+    EXPECT_EQ(cut.Lines[0],
+              "print(\"" + std::string(72, 'x') + "\\\"");  // the backslash stays here, its quote not
+    EXPECT_TRUE(cut.CutsEscape);
+    settings.WrapWidth = 0;
+    const DecodedLogic whole = DecodeLogic(logic, settings, DecodeNames());
+    EXPECT_EQ(whole.Lines[0], "print(\"" + std::string(72, 'x') + "\\\"" + std::string(20, 'y') + "\");");
+    EXPECT_FALSE(whole.CutsEscape);
+    settings.WrapWidth = 40;
+    EXPECT_EQ(DecodeLogic(logic, settings, DecodeNames()).Lines[0].size(), 41U);
+}
+
 TEST(LogDecode, ReadsTheDocumentedExample) {
     EXPECT_EQ(TextOfLines(Decode(DocumentedBytes("logic.md"))),
               "if (isset(f5))\n  {\n  print(\"Hi\");\n  }\nreturn();\n\n[ Messages\n#message 2 \"No.\"\n");

@@ -48,17 +48,17 @@ TEST(AGILogic, MakesItsSourceByDecompiling) {
     EXPECT_EQ(Property("CRC32"), "0");
     EXPECT_EQ(Property("CompCRC32"), "0");
     logic->Load();
-    EXPECT_EQ(logic->SourceText(), "return();\r\r[ Messages");
+    EXPECT_EQ(logic->SourceText(), "return();\r\n\r\n[ Messages");
     EXPECT_EQ(game.Files().Text(sourceDirectory + "Logic1.lgc"), logic->SourceText());
     EXPECT_TRUE(logic->Compiled());
     EXPECT_EQ(Face(*logic), "Logic1 loaded clean");
     EXPECT_EQ(Property("CompCRC32"), "&H" + HexPad(logic->CRC(), 1));
-    EXPECT_EQ(logic->CRC(), CRC32("return();\r\r[ Messages"));
+    EXPECT_EQ(logic->CRC(), CRC32("return();\r\n\r\n[ Messages"));
 
     logic->SourceText("return(); ");
     EXPECT_FALSE(logic->Compiled());
     EXPECT_TRUE(logic->SourceDirty());
-    logic->SourceText("return();\r\r[ Messages");
+    logic->SourceText("return();\r\n\r\n[ Messages");
     EXPECT_TRUE(logic->Compiled());
     logic->SourceText("return(); [ é \xC4\x80");
     logic->SaveSource();
@@ -88,7 +88,7 @@ TEST(AGILogic, TakesOverTextFilesOfOtherTools) {
 
     game.Settings().SourceExt("src");
     game.Logic(0)->Load();
-    EXPECT_EQ(game.Logic(0)->SourceText(), "return();\r\r[ Messages");
+    EXPECT_EQ(game.Logic(0)->SourceText(), "return();\r\n\r\n[ Messages");
     EXPECT_TRUE(FileExists(sourceDirectory + "Logic0.txt"));
     EXPECT_TRUE(FileExists(sourceDirectory + "Logic0.src"));
 }
@@ -115,13 +115,70 @@ TEST(AGILogic, NamesInAGame) {
     EXPECT_EQ(logic->ID().size(), 64U);
 }
 
+TEST(AGILogic, RenamesItsSourceFile) {
+    ScratchGame game;
+    const auto logic = game.Logic(1);
+    logic->Load();
+    logic->Rename("Cave");
+    EXPECT_EQ(logic->ID() + Property("ID"), "CaveCave");
+    EXPECT_FALSE(FileExists(sourceDirectory + "Logic1.lgc"));
+    EXPECT_TRUE(FileExists(sourceDirectory + "Cave.lgc"));
+    logic->Rename("CAVE");
+    EXPECT_EQ(logic->SourceFile(), sourceDirectory + "CAVE.lgc");
+    EXPECT_TRUE(FileExists(sourceDirectory + "CAVE.lgc"));
+
+    game.Write("hall.lgc", "another text");
+    EXPECT_ERROR(623, logic->Rename("logic5"));
+    EXPECT_RUNTIME(reFileExists, logic->Rename("Hall"));
+    game.Files().FailAt(1, reDiskFull);
+    EXPECT_RUNTIME(reDiskFull, logic->Rename("Door"));
+    game.Files().Heal();
+    EXPECT_EQ(logic->ID() + Property("ID"), "CAVECAVE");
+    EXPECT_TRUE(FileExists(sourceDirectory + "CAVE.lgc"));
+    EXPECT_EQ(game.Files().Text(sourceDirectory + "hall.lgc"), "another text");
+
+    game.Logic(5)->Rename("Attic");  // has no source yet
+    EXPECT_EQ(game.Logic(5)->ID(), "Attic");
+    EXPECT_RUNTIME(reFileExists, game.Logic(5)->Rename("hall"));
+    AGILogic alone;
+    alone.Rename("alone");
+    EXPECT_EQ(alone.ID(), "alone");
+}
+
+TEST(AGILogic, LosesNoText) {
+    ScratchGame game;
+    const auto logic = game.Logic(1);
+    logic->SourceText("v50 = 1;\r\nreturn();");
+    logic->SaveSource();
+    EXPECT_FALSE(logic->Loaded());
+    EXPECT_EQ(game.Files().Text(sourceDirectory + "Logic1.lgc"), "v50 = 1;\r\nreturn();");
+    logic->SourceText("v50 = 2;\r\nreturn();");
+    logic->Load();
+    EXPECT_EQ(logic->SourceText(), "v50 = 2;\r\nreturn();");
+    logic->Compile();
+    EXPECT_TRUE(logic->Compiled());
+
+    // Bytes that cannot be decompiled: the logic is not loaded, and no empty source comes to be.
+    game.Logic(5)->Load();
+    game.Logic(5)->Resource().SetAllData(ByteArray{2, 0, 0xF0, 0xF0, 0, 2, 0});
+    game.Logic(5)->Save();
+    game.Logic(5)->DataDirty(true);
+    game.Logic(5)->Save();
+    game.Logic(5)->Unload();
+    game.Files().Remove(sourceDirectory + "Logic5.lgc");
+    EXPECT_ERROR(688, game.Logic(5)->Load());
+    EXPECT_FALSE(game.Logic(5)->Loaded());
+    EXPECT_TRUE(RaisedBy([&] { game.Logic(5)->SaveSource(); }));
+    EXPECT_FALSE(FileExists(sourceDirectory + "Logic5.lgc"));
+}
+
 TEST(AGILogic, ClearKeepsSourceAndBytesInStep) {
     ScratchGame game;
     const auto logic = game.Logic(1);
     EXPECT_ERROR(563, logic->Clear());
     ASSERT_EQ(game.Compile("print(\"x\");\nreturn();").error, "");
     logic->Clear();
-    EXPECT_EQ(logic->SourceText(), "return();\r\r[ messages");
+    EXPECT_EQ(logic->SourceText(), "return();\r\n\r\n[ messages");
     EXPECT_EQ(logic->AllData(), smallest);
     EXPECT_TRUE(logic->Compiled());
     EXPECT_TRUE(logic->IsDirty());
@@ -140,14 +197,17 @@ TEST(AGILogic, ImportsAndExports) {
     alone.Import("\\game\\Door.agl", false);
     EXPECT_EQ(alone.ID(), "Door.agl");
     EXPECT_EQ(alone.AllData(), game.Logic(1)->AllData());
-    EXPECT_EQ(alone.SourceText(), "print(\"x\");\rreturn();\r\r[ Messages");
+    EXPECT_EQ(alone.SourceText(), "print(\"x\");\r\nreturn();\r\n\r\n[ Messages");
     EXPECT_EQ(alone.SourceFile(), "");
 
     game.Files().Write("\\game\\odd.agl", ByteArray{2, 0, 0xF0, 0xF0, 0, 2, 0});
-    alone.Import("\\game\\odd.agl", false);
+    alone.Import("\\game\\odd.agl", false);  // cannot be decompiled
     EXPECT_EQ(alone.Size(), 7);
+    EXPECT_EQ(alone.ID(), "odd.agl");
+    EXPECT_EQ(alone.SourceText(), "");
+    EXPECT_EQ(alone.CRC(), 0);
     EXPECT_ERROR(524, alone.Import("\\game\\none.agl", false));
-    EXPECT_EQ(Face(alone), "Door.agl unloaded clean");
+    EXPECT_EQ(Face(alone), "odd.agl unloaded clean");
 
     game.Write("hall.lgc", "return();");
     alone.Import(sourceDirectory + "hall.lgc", true);

@@ -35,7 +35,7 @@ class ScratchGame {
         std::vector<std::string> messages;  // "number text"
     };
 
-    /// Compiles a text as the source of a logic, and expects that a check of it tells the same.
+    /// Compiles a text as the source of a logic. Throws when a check of it does not tell the same.
     Result Compile(std::string_view source, std::uint8_t logic = 1);
 
     AGILogicSourceSettings& Settings();

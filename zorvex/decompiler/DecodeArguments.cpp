@@ -7,7 +7,6 @@ namespace zorvex {
 
 namespace {
 
-constexpr std::size_t maxLineLength = 80;
 constexpr std::size_t maxArgIndent = 60;
 
 /// Variables whose values have names of their own, and the highest such value.
@@ -56,6 +55,12 @@ constexpr std::uint8_t namedColors = 16;
 
 bool IsColor(std::uint8_t command, std::size_t index) {
     return (command == 105 && index == 2) || (command == 154 && index == 4) || command == 109;
+}
+
+/// True when a text ends in a backslash that no other makes an ordinary character.
+bool EndsInBackslash(std::string_view text) {
+    const std::size_t other = text.find_last_not_of('\\');
+    return (text.size() - (other == std::string_view::npos ? 0 : other + 1)) % 2 == 1;
 }
 
 }  // namespace
@@ -159,7 +164,8 @@ std::string DecodeRun::MessageValue(std::uint8_t value) {
 }
 
 void DecodeRun::AppendWrapped(std::string_view literal) {
-    while (line_.size() + literal.size() > maxLineLength) {
+    const std::size_t maxLineLength = settings_.WrapWidth;
+    while (maxLineLength != 0 && line_.size() + literal.size() > maxLineLength) {
         // Up to the last blank that fits, or up to the end of the line where there is none.
         const std::size_t room = line_.size() + 2 <= maxLineLength ? maxLineLength - line_.size() : 0;
         if (room == 0) break;
@@ -167,6 +173,7 @@ void DecodeRun::AppendWrapped(std::string_view literal) {
         while (length >= 2 && literal[length - 1] != ' ')
             --length;
         if (length == 1) length = room;
+        if (EndsInBackslash(literal.substr(0, length))) cutsEscape_ = true;
         line_ += literal.substr(0, length);
         line_ += '"';
         AddLine();

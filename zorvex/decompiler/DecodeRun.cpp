@@ -26,7 +26,7 @@ DecodeRun::DecodeRun(ByteView data, const DecodeSettings& settings, const Decode
       reserved_(ReservedNames()) {}
 
 DecodedLogic DecodeRun::Run() {
-    if (LastIndex() == 0) return {{"return();"}, {}, {}, {}};
+    if (LastIndex() == 0) return {{"return();"}, {}, {}, {}, false};
     if (data_.size() >= LogicCodeStart) {
         msgSecStart_ = data_[0] + 256 * data_[1] + LogicCodeStart;
         if (msgSecStart_ > MaxLogicWord) Fail("Invalid message section data");
@@ -36,7 +36,7 @@ DecodedLogic DecodeRun::Run() {
     FindLabels();
     WriteCode();
 
-    DecodedLogic result{std::move(lines_), std::move(labels_), {}, std::move(warnings_)};
+    DecodedLogic result{std::move(lines_), std::move(labels_), {}, std::move(warnings_), cutsEscape_};
     for (std::size_t i = 0; i < messages_.size(); ++i) {
         if (!msgExists_[i + 1]) continue;
         result.Messages.push_back(

@@ -138,6 +138,7 @@ class DecodeRun {
     std::string warningList_;
     std::vector<std::string> warnings_;
     std::size_t argIndent_ = 0;
+    bool cutsEscape_ = false;
     std::uint8_t lastByte_ = 0;
     std::int32_t lastDistance_ = 0;
 

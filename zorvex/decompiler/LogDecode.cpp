@@ -52,6 +52,7 @@ DecodeSettings PresentDecodeSettings() {
     settings.ElseAsGoto = present.ElseAsGoto();
     settings.ShowAllMessages = present.ShowAllMessages();
     settings.NamesAsText = present.ReservedAsText() && present.UseReservedNames();
+    settings.WrapWidth = present.WrapWidth();
     settings.InterpreterVersion = library.InterpreterVersion;
     return settings;
 }

@@ -28,6 +28,8 @@ struct DecodeSettings {
     bool ShowAllMessages = false;
     bool NamesAsText = false;  // ReservedAsText and UseReservedNames
     std::string InterpreterVersion;
+    /// Messages in statements go on in the next line where one would be longer than this; 0 for never.
+    std::uint16_t WrapWidth = 80;
 };
 
 /// What a decompile looks up outside of the logic. The names are game text. This class itself knows none:
@@ -68,6 +70,9 @@ struct DecodedLogic {
     std::vector<std::int32_t> Labels;  // jump targets in order; the first is Label1
     std::vector<DecodedMessage> Messages;
     std::vector<std::string> Warnings;  // in the order in which they arose
+    /// A message was broken up between a backslash and the character that it belongs to. The compiler does
+    /// not take such a text back; one without wrapping it does.
+    bool CutsEscape = false;
 };
 
 /// Decompiles a logic with the settings, the tables and the open game of the library. Raises 688, with a

@@ -74,6 +74,10 @@ class AGILogicSourceSettings {
     /// True when the decompiler lists all messages, not only those that no statement uses.
     bool ShowAllMessages() const { return showAllMessages_; }
     void ShowAllMessages(bool value) { showAllMessages_ = value; }
+    /// The length at which the decompiler breaks a line with a message up, 0 for never. A message that is
+    /// broken up inside an escape sequence is not taken back by the compiler. Default 80.
+    std::uint16_t WrapWidth() const { return wrapWidth_; }
+    void WrapWidth(std::uint16_t value) { wrapWidth_ = value; }
 
     /// The source of this object's errors.
     const std::string& strErrSource() const { return errSource_; }
@@ -84,6 +88,7 @@ class AGILogicSourceSettings {
     bool specialSyntax_ = false;
     bool elseAsGoto_ = false;
     bool showAllMessages_ = false;
+    std::uint16_t wrapWidth_ = 80;
     std::string errSource_ = "Zorvex.agiLogicSourceSettings";
 };
 

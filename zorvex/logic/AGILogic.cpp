@@ -1,6 +1,7 @@
 #include "zorvex/logic/AGILogic.h"
 
 #include <array>
+#include <utility>
 
 #include "zorvex/base/CheckSum.h"
 #include "zorvex/base/CodePage.h"
@@ -47,6 +48,21 @@ std::string AGILogic::GameSourceFile() const {
 
 void AGILogic::ID(std::string_view value) {
     SetIDOrRaise686(value);
+}
+
+void AGILogic::Rename(std::string_view value) {
+    if (!InGame()) return ID(value);
+    const std::string formerID = ID();
+    const std::string former = GameSourceFile();
+    ID(value);
+    const std::string file = GameSourceFile();
+    if (file == former) return;
+    Guarded(
+        [&] {
+            if (!EqualNoCase(file, former) && FileExists(file, true)) RaiseRuntime(reFileExists, ErrorSource);
+            if (FileExists(former)) Files().Rename(former, file);
+        },
+        [&] { ID(formerID); });
 }
 
 void AGILogic::IDChanged() {
@@ -132,6 +148,7 @@ void AGILogic::SourceText(std::string_view value) {
     while (value.size() >= 2 && value.back() == '\r')
         value.remove_suffix(1);
     sourceText_ = value;
+    textWaits_ = !Loaded();
     if (!InGame()) return;
     crc_ = TextCRC(sourceText_);
     sourceDirty_ = true;
@@ -162,7 +179,7 @@ std::string AGILogic::ReadSource(const std::string& file) const {
 }
 
 std::string AGILogic::DecompiledText() const {
-    return DecodeLogic(Resource().View())->Text("\r");
+    return DecodeLogic(Resource().View())->Text("\r\n");
 }
 
 void AGILogic::LoadSource(bool forceDecompile) {
@@ -191,7 +208,7 @@ void AGILogic::SaveSource(std::string_view saveFile, bool exporting) {
     Wrapped(663,
             [&] {
                 const bool wasLoaded = Loaded();
-                if (!wasLoaded) Load();
+                if (!wasLoaded && !textWaits_) Load();
                 const auto unload = [&] {
                     if (!wasLoaded) Unload();
                 };
@@ -249,18 +266,25 @@ bool AGILogic::IsDirty() const {
 }
 
 void AGILogic::Load() {
-    if (!Loaded()) Resource().Load();
-    LoadSource(false);
+    if (Loaded()) {
+        LoadSource(false);
+        return;
+    }
+    Resource().Load();
+    // A text that was set before is not given up for the file's.
+    if (std::exchange(textWaits_, false)) return;
+    Guarded([&] { LoadSource(false); }, [&] { Unload(); });
 }
 
 void AGILogic::Unload() {
     Resource().Unload();
     sourceText_.clear();
+    textWaits_ = false;
 }
 
 void AGILogic::Clear() {
     if (InGame()) RequireLoaded();
-    sourceText_ = CommandCatalogue().ActionCommandTable[0].Name + "();\r\r[ messages";
+    sourceText_ = CommandCatalogue().ActionCommandTable[0].Name + "();\r\n\r\n[ messages";
     if (InGame()) {
         crc_ = TextCRC(sourceText_);
         compiledCRC_ = crc_;
@@ -305,9 +329,13 @@ void AGILogic::Import(std::string_view importFile, bool asSource) {
         LoadSource(false);
     } else {
         Guarded([&] { Resource().Import(file); }, [&] { Unload(); });
-        const auto failed = Attempt([&] { LoadSource(true); });
+        if (Attempt([&] { LoadSource(true); })) {
+            sourceText_.clear();
+            crc_ = 0;
+            sourceDirty_ = false;
+            DataDirty(false);
+        }
         sourceFile_.clear();
-        if (failed) return;
     }
     TakeFileName(file);
 }

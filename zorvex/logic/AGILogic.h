@@ -30,6 +30,11 @@ class AGILogic : public GameResource {
     /// empty and 623 for a taken name, 686 for any other fault.
     void ID(std::string_view value) override;
 
+    /// Gives the logic a name and, in a game, moves its source file along; a logic without one gets just the
+    /// name. Raises what ID raises, 58 when another file has the new name, and what the move raises; then all
+    /// is as it was.
+    void Rename(std::string_view value);
+
     /// True for a room. Logic 0 of a game never is one: the getter gives False and the setter raises 450. In
     /// a game a new value goes to the property list at once.
     bool IsRoom() const;
@@ -43,9 +48,11 @@ class AGILogic : public GameResource {
     /// The check sum of SourceText; 0 while it is not known.
     std::int32_t CRC() const { return crc_; }
 
-    /// The source text. Raises 563 when not loaded. Lines end in CR, LF or both.
+    /// The source text. Raises 563 when not loaded. Lines end in CR, LF or both; those
+    /// of a text that the library makes in both.
     const std::string& SourceText() const;
-    /// Stores the text without the carriage returns at its end. Needs no load.
+    /// Stores the text without the carriage returns at its end. Needs no load: the text then waits for
+    /// SaveSource, or for Load, which keeps it.
     void SourceText(std::string_view value);
     /// True when SourceText differs from the file.
     bool SourceDirty() const { return sourceDirty_; }
@@ -68,13 +75,13 @@ class AGILogic : public GameResource {
     /// Writes the bytes to a file. Raises 668 outside a game and 563 when not loaded.
     void Export(std::string_view exportFile, bool resetDirty = true);
     /// Reads a stand-alone logic from a source file or from a file of bytes, which is then decompiled; when
-    /// that fails the bytes stay and the ID is not set. Raises 510 in a game and the faults of the read.
+    /// that fails, the source text is empty. Raises 510 in a game and the faults of the read.
     void Import(std::string_view importFile, bool asSource);
 
     /// In a game: bytes or properties are not saved. Outside: the source text is not saved.
     bool IsDirty() const override;
     /// Reads the bytes unless they are loaded, and the source text. Raises 502 when the source file cannot be
-    /// read and what the decompiler raises when there is none.
+    /// read and what the decompiler raises when there is none; a logic that was not loaded then stays so.
     void Load() override;
     void Unload() override;
     /// Makes this the smallest logic, in source and, in a game, in bytes. Raises 563 in a game when not
@@ -116,6 +123,7 @@ class AGILogic : public GameResource {
     std::int32_t crc_ = 0;
     std::int32_t compiledCRC_ = -1;
     bool sourceDirty_ = false;
+    bool textWaits_ = false;  // the text was set while the logic was not loaded
 };
 
 }  // namespace zorvex

@@ -6,8 +6,18 @@ namespace zorvex {
 
 namespace {
 
+constinit thread_local bool hasEnded = false;
+
+struct ThreadServices : Services {
+    ~ThreadServices() { hasEnded = true; }
+};
+
 Services& OwnServices() noexcept {
-    thread_local Services own;
+    if (hasEnded) {  // an object that outlives the thread's variables, such as a global one, asks for files
+        static Services& late = *new Services;
+        return late;
+    }
+    thread_local ThreadServices own;
     return own;
 }
 

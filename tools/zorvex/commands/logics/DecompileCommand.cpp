@@ -129,8 +129,7 @@ class Decompiler {
 
     void Decompile(GameResource& member, bool oneOfMany) {
         member.Resource().Load();
-        const DecodedLogic logic =
-            DecodeLogic(member.Resource().View(), PresentDecodeSettings(), PresentDecodeNames());
+        const DecodedLogic logic = Decoded(member.Resource().View());
         member.Resource().Unload();
         if (!options_.Output.empty()) {
             const std::string source = SourceOf(logic, "\r\n");
@@ -143,6 +142,15 @@ class Decompiler {
         } else if (options_.Output.empty()) {
             Print(member, logic, oneOfMany);
         }
+    }
+
+    /// A text that the compiler takes back: long messages go on in the next line where that can be.
+    static DecodedLogic Decoded(ByteView bytes) {
+        DecodeSettings settings = PresentDecodeSettings();
+        DecodedLogic logic = DecodeLogic(bytes, settings, PresentDecodeNames());
+        if (!logic.CutsEscape) return logic;
+        settings.WrapWidth = 0;
+        return DecodeLogic(bytes, settings, PresentDecodeNames());
     }
 
     static void Print(const GameResource& member, const DecodedLogic& logic, bool withTitle) {
