@@ -27,7 +27,9 @@ class OptionsTest : public StorageTest {
     }
     static GameBuilder SmallGame() {
         GameBuilder builder;
-        builder.Add(rtLogic, 0, SmallestLogic()).Add(rtView, 3, SmallestView()).Add(rtSound, 2, SilentSound());
+        builder.Add(rtLogic, 0, SmallestLogic())
+            .Add(rtView, 3, SmallestView())
+            .Add(rtSound, 2, SilentSound());
         return builder;
     }
     static BuildItem ItemOf(const BuildReport& report, AGIResType type, int number) {
@@ -46,7 +48,7 @@ TEST_F(OptionsTest, ALookChangesNoByteWhateverIsDone) {
     game_.Open(gameDir, {.ReadOnly = true});
     EXPECT_TRUE(game_.ReadOnly());
     game_.Logics().Item(0)->Load();
-    game_.Logics().Item(0)->SourceText("return;\r\n[ mine");
+    game_.Logics().Item(0)->SourceText("return();\r\n[ mine");
     game_.Logics().Item(0)->SaveSource();
     game_.Logics().Item(0)->Compile();
     game_.Views().Item(3)->ID("Hero");
@@ -118,12 +120,14 @@ TEST_F(OptionsTest, IDsThatNoFileCanHaveAreRefusedAndReplaced) {
     Write(SmallGame());
     game_.Open(gameDir);
     const auto view = game_.Views().Item(3);
-    for (const std::string bad : {"..\\x", "a/b", "..", "a#b", "a\nb", " a", "a ", "a\"b c", "c:d", "a\x7F"}) {
-        EXPECT_ERROR(686, view->ID(bad)) << bad;
+    for (const std::string bad :
+         {"..\\x", "a/b", "..", "a#b", "a\nb", " a", "a ", "a\"b c", "c:d", "a\x7F"}) {
+        SCOPED_TRACE(bad);
+        EXPECT_ERROR(686, view->ID(bad));
         AGIView alone;
         alone.ID(bad);
         const auto added = game_.Views().Add(50, &alone);
-        EXPECT_EQ(added->ID(), "View50") << bad;
+        EXPECT_EQ(added->ID(), "View50");
         game_.Views().Remove(50);
     }
     // Two of one name of 64 characters: the second is shortened, not left without a name.
@@ -147,6 +151,7 @@ TEST_F(OptionsTest, IDsThatNoFileCanHaveAreRefusedAndReplaced) {
 TEST_F(OptionsTest, EachPolicyDoesWhatItSaysAboutWhatFails) {
     const auto broken = [&] {
         game_.CloseGame();
+        Write(SmallGame());
         for (const auto& [path, bytes] : Disk())
             Files().Remove(path);
         Write(SmallGame());

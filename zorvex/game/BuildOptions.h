@@ -28,7 +28,7 @@ struct BuildProgress {
 
 struct BuildOptions {
     /// The directory of the new game's files; empty: the game's own, where the former files stay as .OLD.
-    std::string Directory;
+    std::string Directory = {};
     /// Packs the bytes that are there and compiles nothing.
     bool RebuildOnly = false;
     /// Brings WORDS.TOK and OBJECT into another directory also with RebuildOnly.
@@ -55,7 +55,7 @@ enum class BuildOutcome : std::uint8_t {
 struct BuildItem {
     AGIResType Type = rtNone;
     std::uint8_t Number = 0;
-    std::string ID;
+    std::string ID = {};
     BuildOutcome Outcome = BuildOutcome::Copied;
     /// Of one that failed: the catalogue id or plain number of the error, and its sentence. For a logic that
     /// does not compile the sentence is "line|module|text", as CompileLogic tells it.
