@@ -127,7 +127,7 @@ void Host::SetProperty() {
         case 7: Try([&] { game.PlatformOpts(text); }); break;
         case 8: Try([&] { game.DOSExec(text); }); break;
         case 9: Try([&] { game.UseLE(number % 2 == 0); }); break;
-        case 10: Try([&] { game.EGAColor(static_cast<std::int16_t>(number), number * 77777); }); break;
+        case 10: Try([&] { game.EGAColor(static_cast<std::int16_t>(number), number); }); break;
         case 11: Try([&] { game.MaxVol0Size(number); }); break;
         case 12: Try([&] { game.DefResDir(text); }); break;
         case 13: Try([&] { game.ResDirName(input_.Flag() ? "lib" : "src"); }); break;
