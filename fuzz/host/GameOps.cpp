@@ -127,7 +127,7 @@ void Host::SetProperty() {
         case 7: Try([&] { game.PlatformOpts(text); }); break;
         case 8: Try([&] { game.DOSExec(text); }); break;
         case 9: Try([&] { game.UseLE(number % 2 == 0); }); break;
-        case 10: Try([&] { game.EGAColor(static_cast<std::int16_t>(number), number * 77777); }); break;
+        case 10: Try([&] { game.EGAColor(static_cast<std::int16_t>(number), number); }); break;
         case 11: Try([&] { game.MaxVol0Size(number); }); break;
         case 12: Try([&] { game.DefResDir(text); }); break;
         case 13: Try([&] { game.ResDirName(input_.Flag() ? "lib" : "src"); }); break;
@@ -187,7 +187,7 @@ std::map<Key, std::vector<ByteArray>> Host::BytesInHand() {
     std::map<Key, std::vector<ByteArray>> bytes;
     for (const AGIResType type : {rtLogic, rtPicture, rtSound, rtView}) {
         for (const auto& member : CollectionIn(Game(), type).Members()) {
-            if (member->Loaded()) bytes[{type, member->Number()}] = {member->AllData()};
+            if (member->Loaded()) bytes[{type, member->Number()}] = {BytesOf(*member)};
         }
     }
     return bytes;
@@ -264,7 +264,7 @@ void Host::AfterBuild(bool inPlace, const std::map<Key, std::vector<ByteArray>>&
             }
             if (const auto held = mayBe.find(key); held != mayBe.end()) {
                 saved.Bytes.insert(saved.Bytes.end(), held->second.begin(), held->second.end());
-                if (member->Loaded()) saved.Bytes.push_back(member->AllData());
+                if (member->Loaded()) saved.Bytes.push_back(BytesOf(*member));
             }
         }
     }

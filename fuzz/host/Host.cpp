@@ -109,8 +109,8 @@ void Host::HandleEvent() {
         case HandlerAct::Throw: throw Error(5, "host", "thrown by a handler");
         case HandlerAct::ThrowOwn: throw HostFault();
         case HandlerAct::Close:
-            Try([&] { Game().CloseGame(); });
-            GiveUp();
+            // During a load there is nothing to close yet.
+            if (Present().IsOpen() && Try([&] { Game().CloseGame(); })) GiveUp();
             break;
         case HandlerAct::Ask: Walk(); break;
         case HandlerAct::Any: {

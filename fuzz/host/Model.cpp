@@ -16,6 +16,11 @@ void Model::ForgetNames() {
     Properties.clear();
 }
 
+ByteArray BytesOf(const GameResource& resource) {
+    const ByteView view = resource.Resource().View();
+    return {view.begin(), view.end()};
+}
+
 std::vector<std::pair<std::string, int>> WordsOf(AGIWordList& list) {
     std::vector<std::pair<std::string, int>> words;
     for (const AGIWord& word : list)
@@ -91,7 +96,7 @@ std::string NameOf(const Key& key) {
 
 /// A resource without bytes cannot be read; it may be there or have been blanked.
 bool MayLack(const Saved& saved) {
-    return saved.MayBeAbsent ||
+    return saved.MayBeAbsent || saved.Bytes.empty() ||
            std::ranges::any_of(saved.Bytes, [](const ByteArray& bytes) { return bytes.empty(); });
 }
 
@@ -105,7 +110,7 @@ void CheckResource(GameResource& resource, const Key& key, const Saved& saved) {
     if (MayLack(saved)) return;
     resource.Resource().Load();
     const ByteArray bytes = resource.AllData();
-    if (!saved.Bytes.empty() && std::ranges::find(saved.Bytes, bytes) == saved.Bytes.end())
+    if (std::ranges::find(saved.Bytes, bytes) == saved.Bytes.end())
         Differs("the bytes of " + NameOf(key), Hex(bytes), Hex(saved.Bytes.front()));
 }
 

@@ -41,6 +41,8 @@ struct Model {
     void ForgetNames();
 };
 
+/// The bytes of a loaded resource, none for an empty one.
+ByteArray BytesOf(const GameResource& resource);
 std::vector<std::pair<std::string, int>> WordsOf(AGIWordList& list);
 std::vector<Item> ItemsOf(AGIInventoryObjects& list);
 /// The descriptive values of the open game.

@@ -41,8 +41,7 @@ void Host::NoteBytes(const Held& held) {
     const auto key = KeyOf(held);
     if (!key) return;
     Saved& saved = SavedOf(*key);
-    const ByteView view = held.Object->Resource().View();
-    saved.Bytes = {ByteArray(view.begin(), view.end())};
+    saved.Bytes = {BytesOf(*held.Object)};
     saved.MayBeAbsent = false;
     if (saved.IDs.empty()) saved.IDs = {held.Object->ID()};
 }
