@@ -59,7 +59,7 @@ std::string EncodeValue(std::string_view value) {
         if (text.front() != '"') text.insert(text.begin(), '"');
         if (text.back() != '"') text.push_back('"');
     }
-    for (const std::string_view lineEnd : {"\r\n", "\r", "\n"}) {
+    for (const std::string_view lineEnd : {"\r\n", "\r", "\n", "\v"}) {
         if (text.find(lineEnd) != std::string::npos) text = ReplaceAll(text, lineEnd, "\\n");
     }
     return text.empty() ? "\"\"" : text;
