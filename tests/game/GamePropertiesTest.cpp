@@ -125,9 +125,23 @@ TEST_F(GamePropertiesTest, ADateThatIsNoneIsAFaultAfterAllElseIsRead) {
     Open("[General]\nLastEdit = yesterday\nUseLE = True");
     EXPECT_RUNTIME(reTypeMismatch, GetGameProperties());
     EXPECT_TRUE(Library().UseLE);
+    WriteLastEdit();
+    EXPECT_EQ(ReadGameString("General", "LastEdit", ""), "yesterday") << "kept until there is another";
+    WriteGameProperty("General", "Author", "A");
+    WriteLastEdit();
+    EXPECT_EQ(ReadGameString("General", "LastEdit", ""), "2001-02-03 04:05:06");
     // The zero date is written as an empty text and reads back.
     WriteGameProperty("General", "LastEdit", DateText({}));
     EXPECT_NO_THROW(GetGameProperties());
+}
+
+TEST_F(GamePropertiesTest, NoLineEndOfAValueEndsItsLine) {
+    Open("[General]\n");
+    const std::int32_t lines = Library().PropertyList->Count();
+    WriteGameProperty("General", "About", "one\vtwo\rthree\nfour");
+    EXPECT_EQ(Library().PropertyList->Count(), lines + 1);
+    Open(Library().PropertyList->Text());
+    EXPECT_EQ(ReadGameString("General", "About", ""), "one\r\ntwo\r\nthree\r\nfour");
 }
 
 TEST_F(GamePropertiesTest, WithoutAListNothingHappens) {

@@ -149,11 +149,21 @@ TEST(Clock, DatesAsText) {
     EXPECT_EQ(ParseDate(" 2024-02-29 07:08:09 "), date);
     EXPECT_EQ(MediumDateText(date), "29-Feb-2024");
     EXPECT_EQ(DateText({}), "");
-    for (const char* text :
-         {"", "2023-02-29 00:00:00", "2024-13-01 00:00:00", "2024-01-01 24:00:00", "2024-01-01",
-          "2024-01-01T00:00:00", "2024-0a-01 00:00:00", "2024-01-00 00:00:00"}) {
+    for (const char* text : {"", "2023-02-29 00:00:00", "2024-13-01 00:00:00", "2024-01-01 24:00:00",
+                             "yesterday", "2024-0a-01 00:00:00", "2024-01-00 00:00:00", "13/1/2024",
+                             "2/30/2024", "1/1/24", "1/1/2024 13:00 PM", "1/1/2024 0:10 AM", "2024-01-01 10",
+                             "2024-01-01 10:00 and", "2024-01-01x10:00", "1-Foo-2024"}) {
         EXPECT_EQ(ParseDate(text), std::nullopt) << text;
     }
+    for (const char* text : {"2/29/2024 7:08:09 AM", "2024-02-29T07:08:09", "2024-02-29T07:08:09.250Z",
+                             "2024-02-29 07:08:09+02:00", "29-Feb-2024 07:08:09", "29 february 2024 7:08:09",
+                             "Feb 29, 2024 7:08:09 am", " February 29 2024 07:08:09 "}) {
+        EXPECT_EQ(ParseDate(text), date) << text;
+    }
+    EXPECT_EQ(ParseDate("5/12/2004 10:33:21 PM"), (DateTime{2004, 5, 12, 22, 33, 21}));
+    EXPECT_EQ(ParseDate("5/12/2004 12:33 PM"), (DateTime{2004, 5, 12, 12, 33, 0}));
+    EXPECT_EQ(ParseDate("5/12/2004 12:33 AM"), (DateTime{2004, 5, 12, 0, 33, 0}));
+    EXPECT_EQ(ParseDate("2004-05-12"), (DateTime{2004, 5, 12, 0, 0, 0}));
 }
 
 }  // namespace zorvex::test

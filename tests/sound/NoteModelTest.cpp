@@ -112,6 +112,20 @@ TEST(Sound, ANoteThatLeftItsSoundTellsNobody) {
     orphan->Duration(30);
 }
 
+TEST(Sound, EachNoteCanBeRemovedByItself) {
+    for (std::int32_t removed = 0; removed < 4; ++removed) {
+        AGINotes notes;
+        for (std::int32_t divisor = 0; divisor < 4; ++divisor)
+            notes.Add(divisor, 1, 0);
+        notes.Remove(removed);
+        std::string left;
+        for (const auto& note : notes)
+            left += std::to_string(note->FreqDivisor());
+        EXPECT_EQ(left, std::string("0123").erase(static_cast<std::size_t>(removed), 1));
+        EXPECT_EQ(notes.size(), 3U);
+    }
+}
+
 TEST(Sound, SettersRefuseAndRound) {
     AGISound sound;
     EXPECT_EQ(RaisedText([&] { sound.Key(8); }), "Invalid property Value");

@@ -341,7 +341,7 @@ class GameLoad {
         library.ResourceIDsValid = false;
         library.GameLoaded = true;
         EndMaking(library.GameDir);
-        WriteGameProperty("General", "LastEdit", DateText(library.LastEdit));
+        WriteLastEdit();
         SaveGameProperties();
         if (warnings_) RaiseCatalogue(636, AGIGame::ErrorSource);
     }
@@ -463,7 +463,7 @@ void AGIGame::CloseGame() {
         MakeEmptyLists();
     });
     ResetDefaultPalette();
-    WriteGameProperty("General", "LastEdit", DateText(library.LastEdit));
+    WriteLastEdit();
     SaveGameProperties();
     library.PropertyList.reset();
     ClearGameFields();

@@ -31,48 +31,12 @@ std::string Padded(int value, std::size_t width) {
     return digits;
 }
 
-int DaysOfMonth(int year, int month) {
-    constexpr std::array days{31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    const bool leap = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
-    return month == 2 && leap ? 29 : days[static_cast<std::size_t>(month - 1)];
-}
-
-bool IsPossible(const DateTime& date) {
-    return date.Month >= 1 && date.Month <= 12 && date.Day >= 1 &&
-           date.Day <= DaysOfMonth(date.Year, date.Month) && date.Hour <= 23 && date.Minute <= 59 &&
-           date.Second <= 60;
-}
-
 }  // namespace
 
 std::string DateText(const DateTime& date) {
     if (date == DateTime{}) return {};
     return Padded(date.Year, 4) + "-" + Padded(date.Month, 2) + "-" + Padded(date.Day, 2) + " " +
            Padded(date.Hour, 2) + ":" + Padded(date.Minute, 2) + ":" + Padded(date.Second, 2);
-}
-
-std::optional<DateTime> ParseDate(std::string_view text) {
-    while (!text.empty() && text.front() == ' ')
-        text.remove_prefix(1);
-    while (!text.empty() && text.back() == ' ')
-        text.remove_suffix(1);
-    constexpr std::string_view form = "0000-00-00 00:00:00";
-    if (text.size() != form.size()) return std::nullopt;
-    std::array<int, 6> fields{};
-    std::size_t field = 0;
-    for (std::size_t i = 0; i < form.size(); ++i) {
-        if (form[i] != '0') {
-            if (text[i] != form[i]) return std::nullopt;
-            ++field;
-        } else if (text[i] >= '0' && text[i] <= '9') {
-            fields[field] = fields[field] * 10 + (text[i] - '0');
-        } else {
-            return std::nullopt;
-        }
-    }
-    const DateTime date{fields[0], fields[1], fields[2], fields[3], fields[4], fields[5]};
-    if (!IsPossible(date)) return std::nullopt;
-    return date;
 }
 
 std::string MediumDateText(const DateTime& date) {

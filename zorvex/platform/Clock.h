@@ -23,7 +23,9 @@ struct DateTime {
 
 /// `YYYY-MM-DD hh:mm:ss`; the zero date gives an empty text.
 std::string DateText(const DateTime& date);
-/// Reads what DateText writes, blanks around allowed. Nothing for any other text or an impossible date.
+/// Reads what DateText writes, and the forms of other programs, blanks around allowed: "5/12/2004 10:33:21
+/// PM" (the month first), "2004-05-12T22:33:21Z" (a zone and parts of seconds count for nothing),
+/// "12-May-2004", "May 12, 2004"; the time may be missing. Nothing for any other text or an impossible date.
 std::optional<DateTime> ParseDate(std::string_view text);
 /// The date alone as `DD-Mon-YYYY`, with English month names.
 std::string MediumDateText(const DateTime& date);

@@ -111,6 +111,11 @@ void GetGameProperties() {
     library.LastEdit = *lastEdit;
 }
 
+void WriteLastEdit() {
+    const DateTime lastEdit = Library().LastEdit;
+    if (lastEdit != DateTime{}) WriteGameProperty(general, "LastEdit", DateText(lastEdit));
+}
+
 void WriteLogEntry(int level, std::string_view text) {
     // A line is logged while a fault is being dealt with, so the record of the last fault must stay as it is.
     try {

@@ -28,6 +28,8 @@ bool SaveGameProperties();
 /// Reads the general values and the palette from the list into the library's record. Raises 13 for a LastEdit
 /// that is no date, after all other values have been read.
 void GetGameProperties();
+/// Writes the date of the last edit. The text of one that could not be read stays until there is another.
+void WriteLastEdit();
 
 /// Appends a line to errlog.txt in the game directory: level 0 is a warning, any other an error. Never
 /// raises.
