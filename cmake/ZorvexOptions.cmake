@@ -1,12 +1,14 @@
 # Flags shared by every target of the project; none of them is exported to users of the library.
 add_library(zorvex_options INTERFACE)
-target_compile_options(zorvex_options INTERFACE
-  -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast
-  -Wnon-virtual-dtor -Wcast-qual -Wformat=2 -Wimplicit-fallthrough -Wnull-dereference)
-if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-  # g++ 12 sees null dereferences and overreads inside inlined standard containers at -O2 where there are none.
+if(PROJECT_IS_TOP_LEVEL)
   target_compile_options(zorvex_options INTERFACE
-    -Wno-null-dereference -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread -Wno-restrict)
+    -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast
+    -Wnon-virtual-dtor -Wcast-qual -Wformat=2 -Wimplicit-fallthrough -Wnull-dereference)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # g++ 12 sees null dereferences and overreads inside inlined standard containers at -O2 where there are none.
+    target_compile_options(zorvex_options INTERFACE
+      -Wno-null-dereference -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread -Wno-restrict)
+  endif()
 endif()
 if(ZORVEX_WERROR)
   target_compile_options(zorvex_options INTERFACE -Werror)

@@ -4,6 +4,7 @@
 
 #include <SDL.h>
 #include <SDL_mixer.h>
+#include <dlfcn.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -64,6 +65,48 @@ bool IsSoundFont(const std::string& path) {
     return file.good() && text.starts_with("RIFF") && text.ends_with("sfbk");
 }
 
+/// The functions of the mixer, found when the first sound is played: a program that plays none starts without
+/// it, and needs no package for it.
+struct Mixer {
+#define ZORVEX_MIXER_FUNCTION(library, name) \
+    decltype(&::name) name = Function<decltype(&::name)>(library, #name)
+    static void* Open(const char* file) {
+        return dlopen(file, RTLD_NOW | RTLD_LOCAL);
+    }
+    template <class Pointer>
+    static Pointer Function(void* library, const char* name) {
+        return library == nullptr ? nullptr : reinterpret_cast<Pointer>(dlsym(library, name));
+    }
+
+    void* mixer = Open("libSDL2_mixer-2.0.so.0");
+    void* base = mixer == nullptr ? nullptr : Open("libSDL2-2.0.so.0");
+    ZORVEX_MIXER_FUNCTION(base, SDL_SetHint);
+    ZORVEX_MIXER_FUNCTION(base, SDL_InitSubSystem);
+    ZORVEX_MIXER_FUNCTION(base, SDL_QuitSubSystem);
+    ZORVEX_MIXER_FUNCTION(base, SDL_GetError);
+    ZORVEX_MIXER_FUNCTION(base, SDL_RWFromFile);
+    ZORVEX_MIXER_FUNCTION(mixer, Mix_OpenAudio);
+    ZORVEX_MIXER_FUNCTION(mixer, Mix_CloseAudio);
+    ZORVEX_MIXER_FUNCTION(mixer, Mix_SetSoundFonts);
+    ZORVEX_MIXER_FUNCTION(mixer, Mix_LoadMUSType_RW);
+    ZORVEX_MIXER_FUNCTION(mixer, Mix_PlayMusic);
+    ZORVEX_MIXER_FUNCTION(mixer, Mix_PlayingMusic);
+    ZORVEX_MIXER_FUNCTION(mixer, Mix_HaltMusic);
+    ZORVEX_MIXER_FUNCTION(mixer, Mix_FreeMusic);
+#undef ZORVEX_MIXER_FUNCTION
+
+    bool IsThere() const {
+        return SDL_SetHint && SDL_InitSubSystem && SDL_QuitSubSystem && SDL_GetError && SDL_RWFromFile &&
+               Mix_OpenAudio && Mix_CloseAudio && Mix_SetSoundFonts && Mix_LoadMUSType_RW && Mix_PlayMusic &&
+               Mix_PlayingMusic && Mix_HaltMusic && Mix_FreeMusic;
+    }
+};
+
+const Mixer& TheMixer() {
+    static const Mixer mixer;
+    return mixer;
+}
+
 // Holds the audio device only while a file is open, so that an idle host keeps no device from other programs.
 class MixerMedia : public FilePlayer {
   public:
@@ -79,36 +122,36 @@ class MixerMedia : public FilePlayer {
             if (soundFont.empty()) return meNoSoundFont;
             if (!IsSoundFont(soundFont)) return Fail(meBadSoundFont, soundFont);
         }
-        SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");  // an interrupt is the host's to handle
-        if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) return Fail(meNoAudio, SDL_GetError());
+        mix_.SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");  // an interrupt is the host's to handle
+        if (mix_.SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) return Fail(meNoAudio, mix_.SDL_GetError());
         audio_ = true;
-        if (Mix_OpenAudio(sampleRate, MIX_DEFAULT_FORMAT, channels, bufferSize) != 0) {
-            return Fail(meNoAudio, Mix_GetError());
+        if (mix_.Mix_OpenAudio(sampleRate, MIX_DEFAULT_FORMAT, channels, bufferSize) != 0) {
+            return Fail(meNoAudio, mix_.SDL_GetError());
         }
         mixer_ = true;
-        if (isMidi) Mix_SetSoundFonts(soundFont.c_str());
-        SDL_RWops* file = SDL_RWFromFile(NativePath(path).c_str(), "rb");
+        if (isMidi) mix_.Mix_SetSoundFonts(soundFont.c_str());
+        SDL_RWops* file = mix_.SDL_RWFromFile(NativePath(path).c_str(), "rb");
         if (file == nullptr) return meFile;
-        music_ = Mix_LoadMUSType_RW(file, isMidi ? MUS_MID : MUS_WAV, 1);
-        return music_ == nullptr ? Fail(meFormat, Mix_GetError()) : meNone;
+        music_ = mix_.Mix_LoadMUSType_RW(file, isMidi ? MUS_MID : MUS_WAV, 1);
+        return music_ == nullptr ? Fail(meFormat, mix_.SDL_GetError()) : meNone;
     }
 
     MediaError StartPlaying() override {
-        return Mix_PlayMusic(music_, 1) != 0 ? Fail(mePlay, Mix_GetError()) : meNone;
+        return mix_.Mix_PlayMusic(music_, 1) != 0 ? Fail(mePlay, mix_.SDL_GetError()) : meNone;
     }
 
     std::optional<std::int32_t> Ended() override {
-        if (Mix_PlayingMusic() != 0) return std::nullopt;
+        if (mix_.Mix_PlayingMusic() != 0) return std::nullopt;
         return NoticeSuccessful;
     }
 
     void CloseFile() override {
         if (music_ != nullptr) {
-            Mix_HaltMusic();
-            Mix_FreeMusic(music_);
+            mix_.Mix_HaltMusic();
+            mix_.Mix_FreeMusic(music_);
         }
-        if (mixer_) Mix_CloseAudio();
-        if (audio_) SDL_QuitSubSystem(SDL_INIT_AUDIO);
+        if (mixer_) mix_.Mix_CloseAudio();
+        if (audio_) mix_.SDL_QuitSubSystem(SDL_INIT_AUDIO);
         music_ = nullptr;
         mixer_ = false;
         audio_ = false;
@@ -119,6 +162,7 @@ class MixerMedia : public FilePlayer {
     static constexpr int channels = 2;
     static constexpr int bufferSize = 2048;
 
+    const Mixer& mix_ = TheMixer();
     Mix_Music* music_ = nullptr;
     bool mixer_ = false;
     bool audio_ = false;
@@ -127,7 +171,7 @@ class MixerMedia : public FilePlayer {
 }  // namespace
 
 std::shared_ptr<Media> MakeMixerMedia() {
-    return std::make_shared<MixerMedia>();
+    return TheMixer().IsThere() ? std::make_shared<MixerMedia>() : nullptr;
 }
 
 }  // namespace zorvex
