@@ -48,7 +48,7 @@ void CheckEditing(StringList& list, std::string_view choices) {
 }
 
 void CheckValue(std::string_view value) {
-    if (value.find_first_of("\"#\\\r\n\t") != std::string_view::npos) return;
+    if (value.find_first_of("\"#\\\r\n\v\t") != std::string_view::npos) return;
     if (!value.empty() && (value.front() == ' ' || value.back() == ' ' || value.front() == '=')) return;
     const std::string line = EntryLine("Key", EncodeValue(value), "   # kept");
     const auto behindKey = TextBehindKey(TrimmedLine(line), "kEY");
