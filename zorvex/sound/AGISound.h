@@ -80,8 +80,8 @@ class AGISound : public GameResource, public std::enable_shared_from_this<AGISou
 
     // --- Life ---
     /// Reads the bytes if they are not there, the settings, and the notes as the bytes have them; edits that
-    /// are not saved stay. Raises 598 for bytes that are no sound, 565, and what reading a resource raises; the
-    /// sound is not loaded then.
+    /// are not saved stay. Raises 598 for bytes that are no sound, 565, and what reading a resource raises;
+    /// the sound is not loaded then.
     void Load() override;
     /// Drops bytes, tracks and converted form; name, description, Key and TPQN stay.
     void Unload() override;
@@ -89,8 +89,8 @@ class AGISound : public GameResource, public std::enable_shared_from_this<AGISou
     void Clear() override;
     /// In a game: writes changed settings to the property list and a changed sound to a volume. A stand-alone
     /// sound goes to `saveFile`, changed or not where that is another than ResFile; with a name in ".ass" or
-    /// ".mid" in that form. Bytes of kinds 2 and 3 are saved as they are. Raises 566 when the notes do not fit
-    /// a resource.
+    /// ".mid" in that form. Bytes of kinds 2 and 3 are saved as they are. Raises 566 when the notes do not
+    /// fit a resource.
     void Save(std::string_view saveFile = {}) override;
 
     // --- Files ---
@@ -100,12 +100,12 @@ class AGISound : public GameResource, public std::enable_shared_from_this<AGISou
     /// saved, by a script and by the raw resource, and the file's name becomes the ID.
     void Export(std::string_view exportFile, SoundFormat fileFormat = sfAGI, bool resetDirty = true);
     /// Replaces the sound by a raw PC/PCjr resource or a script; which one is told from the first two bytes.
-    /// The file's name becomes the ID, Key becomes 0 and TPQN 16 unless a script says otherwise. In a game all
-    /// of it waits to be saved, and a name that the setter of ID refuses leaves the old one; elsewhere the
-    /// sound counts as saved, unless a setting of the script was passed over. Raises 604 without a name and 524
-    /// for a file that is not there; 681, "Invalid sound resource file", for fewer than three bytes; these
-    /// leave the sound as it was. A script with a bad line raises 681 too and leaves the sound without notes,
-    /// and outside a game without ID. No other fault is reported.
+    /// The file's name becomes the ID, Key becomes 0 and TPQN 16 unless a script says otherwise. In a game
+    /// all of it waits to be saved, and a name that the setter of ID refuses leaves the old one; elsewhere
+    /// the sound counts as saved, unless a setting of the script was passed over. Raises 604 without a name
+    /// and 524 for a file that is not there; 681, "Invalid sound resource file", for fewer than three bytes;
+    /// these leave the sound as it was. A script with a bad line raises 681 too and leaves the sound without
+    /// notes, and outside a game without ID. No other fault is reported.
     void Import(std::string_view importFile);
     /// The number of the bad line, from 1, when the last Import met one; else 0.
     std::int32_t ImportErrorLine() const { return importErrorLine_; }
