@@ -158,6 +158,7 @@ void AGILogic::SourceText(std::string_view value) {
 /// the logic's number or ID is taken over.
 std::string AGILogic::FindSourceFile() {
     if (!InGame()) return sourceFile_;
+    Resource().RequirePresent(Internal());  // the directory is that of the present workspace's game
     sourceFile_ = GameSourceFile();
     if (FileExists(sourceFile_)) return sourceFile_;
     if (!EqualNoCase(Library().SourceExt, ".lgc")) return {};
@@ -205,6 +206,7 @@ void AGILogic::StoreSource(const std::string& saveFile) {
 }
 
 void AGILogic::SaveSource(std::string_view saveFile, bool exporting) {
+    Resource().RequirePresent(Internal());
     Wrapped(663,
             [&] {
                 const bool wasLoaded = Loaded();
@@ -247,6 +249,7 @@ bool AGILogic::Compiled() {
 
 void AGILogic::Compile() {
     if (!InGame()) RaiseCatalogue(618, ErrorSource);
+    Resource().RequirePresent(Internal());
     RequireLoaded();
     if (sourceText_.empty()) RaiseCatalogue(546, ErrorSource);
     CompileLogic(*this);
