@@ -243,15 +243,19 @@ void Host::Build() {
     AfterBuild(inPlace, mayBe);
 }
 
+void Host::NoteLists() {
+    Desk& desk = Present();
+    const auto words = Game().VocabularyWords();
+    const auto items = Game().InventoryObjects();
+    if (words->Loaded() && !words->IsDirty() && desk.WordsDirty) desk.OnDisk.Words = WordsOf(*words);
+    if (items->Loaded() && !items->IsDirty() && desk.ItemsDirty) desk.OnDisk.Items = ItemsOf(*items);
+}
+
 void Host::AfterBuild(bool inPlace, const std::map<Key, std::vector<ByteArray>>& mayBe) {
     Desk& desk = Present();
     if (!desk.IsOpen()) return;
     Model& model = desk.OnDisk;
-    // The lists are saved before anything else, and stay so.
-    const auto words = Game().VocabularyWords();
-    const auto items = Game().InventoryObjects();
-    if (words->Loaded() && !words->IsDirty() && desk.WordsDirty) model.Words = WordsOf(*words);
-    if (items->Loaded() && !items->IsDirty() && desk.ItemsDirty) model.Items = ItemsOf(*items);
+    NoteLists();
     if (!desk.Completed || !inPlace) return;
     for (const AGIResType type : {rtLogic, rtPicture, rtSound, rtView}) {
         for (const auto& member : CollectionIn(Game(), type).Members()) {

@@ -110,7 +110,9 @@ void Host::HandleEvent() {
         case HandlerAct::ThrowOwn: throw HostFault();
         case HandlerAct::Close:
             // During a load there is nothing to close yet.
-            if (Present().IsOpen() && Try([&] { Game().CloseGame(); })) GiveUp();
+            if (!Present().IsOpen()) break;
+            if (Present().Building) NoteLists();
+            if (Try([&] { Game().CloseGame(); })) GiveUp();
             break;
         case HandlerAct::Ask: Walk(); break;
         case HandlerAct::Any: {

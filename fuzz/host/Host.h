@@ -98,6 +98,8 @@ class Host {
     void SetGeneration();
     void Build();
     void BeforeBuild();
+    /// A build saves the changed lists before anything else, and they stay saved however it ends.
+    void NoteLists();
     void AfterBuild(bool inPlace, const std::map<Key, std::vector<ByteArray>>& mayBe);
     std::map<Key, std::vector<ByteArray>> BytesInHand();
     void Settings();

@@ -107,6 +107,7 @@ class GameMaking {
         } catch (...) {
             const Error error = CurrentError();
             RememberError(error);
+            Library().GameLoaded = false;
             EmptyCollections(Library());
             MakeEmptyLists();
             RaiseText(ObjectErrorBase + 631, error.Source(), CatalogueText(631, {error.NumberAndText()}));
@@ -212,12 +213,12 @@ class GameMaking {
         items.Save();
         InitCommandTables();
         SetCommandsForVersion(library.InterpreterVersion);
+        library.GameLoaded = true;
         const std::shared_ptr<AGILogic> logic = library.Logics->Add(0);
         logic->Clear();
         logic->Save();
         logic->Unload();
         library.ResourceIDsValid = false;
-        library.GameLoaded = true;
     }
 
     AGIGame& game_;

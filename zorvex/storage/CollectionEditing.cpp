@@ -5,6 +5,7 @@
 #include "zorvex/base/Internal.h"
 #include "zorvex/base/Text.h"
 #include "zorvex/state/GameProperties.h"
+#include "zorvex/state/LibraryState.h"
 #include "zorvex/storage/ResourceCollection.h"
 #include "zorvex/storage/VolManager.h"
 
@@ -31,8 +32,16 @@ void SetUniqueID(GameResource& resource, std::string_view id, Taken&& taken) {
 
 }  // namespace
 
-std::shared_ptr<GameResource> ResourceCollectionBase::AddMember(std::uint8_t number, GameResource* source) {
+void ResourceCollectionBase::RequireEditable() const {
     RequirePresent();
+    // While a game is being opened, its directories and its version are not all known yet: what a handler
+    // would add then could reach the files of no game at all.
+    const LibraryState& library = Library();
+    if (library.Session && !library.GameLoaded) RaiseRuntime(reObjectNotSet, family_.errorSource);
+}
+
+std::shared_ptr<GameResource> ResourceCollectionBase::AddMember(std::uint8_t number, GameResource* source) {
+    RequireEditable();
     if (Exists(number) || IsLeft(number)) RaiseCatalogue(602, family_.errorSource);
     std::shared_ptr<GameResource> member;
     std::string newID;
@@ -70,7 +79,7 @@ std::shared_ptr<GameResource> ResourceCollectionBase::AddMember(std::uint8_t num
 }
 
 void ResourceCollectionBase::RemoveMember(std::uint8_t number) {
-    RequirePresent();
+    RequireEditable();
     const std::shared_ptr<GameResource> member = Require(number);
     if (Attempt([&] {
             Take(number);
@@ -84,7 +93,7 @@ void ResourceCollectionBase::RemoveMember(std::uint8_t number) {
 }
 
 void ResourceCollectionBase::RenumberMember(std::uint8_t oldNumber, std::uint8_t newNumber) {
-    RequirePresent();
+    RequireEditable();
     if (Exists(newNumber) || IsLeft(newNumber)) RaiseCatalogue(669, family_.errorSource);
     Wrapped(670, [&] {
         const std::shared_ptr<GameResource> member = Require(oldNumber);

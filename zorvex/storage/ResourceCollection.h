@@ -84,7 +84,7 @@ class MemberIterator {
 /// A collection lives as long as its AGIGame, over any number of games; while no game is open it is empty.
 /// Members that take a number of a resource take any integer: one outside 0 to 255 is the number of no
 /// resource. What changes a game raises 91 while the collection's AGIGame is not that of the present
-/// workspace.
+/// workspace, and while its game is still being opened.
 class ResourceCollectionBase {
   public:
     ResourceCollectionBase(const ResourceCollectionBase&) = delete;
@@ -158,6 +158,8 @@ class ResourceCollectionBase {
   private:
     [[noreturn]] void RaiseUnknown(std::int32_t id) const;
     void RequirePresent() const;
+    /// As `RequirePresent`, and raises 91 while the game is still being opened.
+    void RequireEditable() const;
     /// True for the number of a directory entry that was left though its resource cannot be read.
     bool IsLeft(std::uint8_t number) const;
     void Insert(std::uint8_t number, std::shared_ptr<GameResource> member);
