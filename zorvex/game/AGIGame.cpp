@@ -7,6 +7,7 @@
 
 #include "zorvex/base/Checked.h"
 #include "zorvex/base/Faults.h"
+#include "zorvex/base/FileName.h"
 #include "zorvex/base/HostText.h"
 #include "zorvex/base/PathText.h"
 #include "zorvex/base/StringList.h"
@@ -54,7 +55,7 @@ void StorePlain(std::string& field, std::string_view key, std::string_view value
 /// A directory name as both directory-name setters take it.
 std::string ValidDirectoryName(std::string_view value) {
     const std::string name(Trim(value));
-    if (name.empty() || name.find_first_of("\\/:*?<>| ") != std::string::npos) {
+    if (!FileName::FitsEverywhere(name) || name.find(' ') != std::string::npos) {
         RaiseRuntime(reInvalidPropertyValue, AGIGame::ErrorSource);
     }
     return name;

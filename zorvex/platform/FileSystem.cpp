@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "zorvex/base/Error.h"
+#include "zorvex/base/FileName.h"
 #include "zorvex/base/Text.h"
 #include "zorvex/platform/Services.h"
 
@@ -105,6 +106,9 @@ std::vector<DirectoryEntry> SortedEntries(const fs::path& directory) {
     std::vector<DirectoryEntry> entries;
     std::error_code code;
     for (fs::directory_iterator it(directory, code), end; !code && it != end; it.increment(code)) {
+        // What cannot be a name inside the library, such as one with a backslash, would be met as another
+        // file.
+        if (!FileName::Fits(it->path().filename().string())) continue;
         std::error_code ignored;
         const bool isDirectory = it->is_directory(ignored);
         entries.push_back(
@@ -167,6 +171,7 @@ std::string WithoutEndSlash(std::string path) {
 class SystemFiles : public FileSystem {
   public:
     FileKind Kind(std::string_view path) const override {
+        if (path.find('\0') != std::string_view::npos) return FileKind::None;
         std::error_code code;
         const fs::file_status status = fs::status(Resolve(path), code);
         if (code || !fs::exists(status)) return FileKind::None;
@@ -366,6 +371,8 @@ std::string InnerPath(std::string_view hostPath) {
 }
 
 std::string NativePath(std::string_view innerPath) {
+    // The system would take the path for one that ends here.
+    if (innerPath.find('\0') != std::string_view::npos) RaiseRuntime(reBadFileName);
     std::string path(innerPath);
 #ifndef _WIN32
     std::replace(path.begin(), path.end(), '\\', '/');

@@ -33,6 +33,7 @@ class FileSystem {
     /// A file's length in bytes.
     virtual std::uint64_t Size(std::string_view path) const = 0;
     /// The entries of a directory except "." and "..", by name without regard to case, then by byte order.
+    /// An entry whose name no FileName can hold is not seen.
     virtual std::vector<DirectoryEntry> List(std::string_view directory) const = 0;
     /// Last write time in universal time.
     virtual DateTime LastWriteTime(std::string_view path) const = 0;
@@ -86,7 +87,7 @@ std::shared_ptr<FileSystem> MakeSystemFiles();
 
 /// A path from a host in the inner form: both separators become backslashes.
 std::string InnerPath(std::string_view hostPath);
-/// An inner path in the system's own form.
+/// An inner path in the system's own form. Raises 52 for a path with a zero byte.
 std::string NativePath(std::string_view innerPath);
 
 /// Names of the files (not directories) of a directory that match a pattern such as "*DIR", in the order of
