@@ -15,7 +15,7 @@ class FileName {
     /// The longest name in bytes that the usual file systems take.
     static constexpr std::size_t MaxLength = 255;
 
-    /// Raises 52 for a text that does not fit.
+    /// Raises 64 for a text that does not fit.
     explicit FileName(std::string_view text);
     static std::optional<FileName> Of(std::string_view text);
 

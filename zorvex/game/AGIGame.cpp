@@ -23,6 +23,7 @@
 #include "zorvex/platform/FileSystem.h"
 #include "zorvex/state/AGIGameEvents.h"
 #include "zorvex/state/GameProperties.h"
+#include "zorvex/state/GameSession.h"
 #include "zorvex/state/LibraryState.h"
 #include "zorvex/state/PropertyText.h"
 #include "zorvex/storage/FileSwap.h"
@@ -190,6 +191,7 @@ void AGIGame::GameDir(std::string_view value) {
     LibraryState& library = State();
     if (!GameLoaded()) return;
     library.GameDir = ExistingDirectory(value);
+    if (!library.Session->IsProtected()) library.Session->EnterDirectory(library.GameDir);
     library.GameFile = library.GameDir + JustFileName(library.GameFile);
     library.ResDir = CDir(library.GameDir + library.ResDirName);
     // What is saved from now on goes to where the game is.

@@ -158,6 +158,8 @@ constexpr OpenOptions plainOpening{.PreferPropertyFile = false,
 void BeginIn(const std::string& directory, const OpenOptions& options) {
     LibraryState& library = Library();
     library.Opened = options;
+    // A directory that cannot be opened holds no game, which is told by what looks for one.
+    Attempt([&] { library.Session->EnterDirectory(directory); });
     if (options.ReadOnly) library.Session->ProtectDirectory(directory);
     FileSwap::Finish(directory);
 }
