@@ -11,6 +11,7 @@
 #include "zorvex/base/Error.h"
 #include "zorvex/base/ErrorKind.h"
 #include "zorvex/base/Event.h"
+#include "zorvex/base/FileName.h"
 #include "zorvex/base/PathText.h"
 #include "zorvex/base/Text.h"
 #include "zorvex/base/Types.h"

@@ -1,5 +1,7 @@
 #include "zorvex/base/Text.h"
 
+#include "zorvex/base/FileName.h"
+
 namespace zorvex::test {
 
 TEST(Text, HostTextCountsCharactersAndSurvivesMalformedBytes) {
@@ -78,6 +80,33 @@ TEST(Helpers, CrcAndCodePage) {
         EXPECT_EQ(TextToGame(ConvertToCodePage(text)), text) << byte;
     }
     EXPECT_EQ(TextToGame(ConvertToCodePage("\xFF")), "\x98");
+}
+
+TEST(FileName, HoldsOnlyWhatStaysInItsDirectory) {
+    for (const std::string good : {"a", "VOL.0", "...", "a b", "\xC3\xA4", "\x80", "-x", "~"})
+        EXPECT_TRUE(FileName::Fits(good)) << good;
+    const std::vector<std::string> bad{"",
+                                       ".",
+                                       "..",
+                                       "a/b",
+                                       "a\\b",
+                                       "c:",
+                                       "a\nb",
+                                       "a\x1b",
+                                       "\xC2\x85",
+                                       "\x7f",
+                                       std::string("a\0b", 3),
+                                       std::string(256, 'a')};
+    for (const std::string& text : bad) {
+        EXPECT_FALSE(FileName::Of(text)) << text;
+        EXPECT_RUNTIME(reBadFileName, FileName{text});
+    }
+    EXPECT_TRUE(FileName::Fits(std::string(255, 'a')));
+    EXPECT_EQ(FileName("x").In("\\game"), "\\game\\x");
+    for (const char* text : {"a*", "a?", "\"a", "a|", " a", "a ", "<a"}) {
+        EXPECT_TRUE(FileName::Fits(text)) << text;
+        EXPECT_FALSE(FileName::FitsEverywhere(text)) << text;
+    }
 }
 
 TEST(Helpers, PathsAndHexadecimals) {

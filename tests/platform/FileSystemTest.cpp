@@ -1,5 +1,7 @@
 #include "zorvex/platform/FileSystem.h"
 
+#include <fstream>
+
 #include "tests/support/FailingFiles.h"
 #include "zorvex/platform/WholeFile.h"
 
@@ -127,6 +129,24 @@ TEST(SystemFiles, OfNamesThatDifferInCaseTheExactOneWinsThenTheFirst) {
     dir.Write("vol.0", "vol");
     EXPECT_EQ(Files().Read(dir.File("vol.0")), Bytes("vol"));
     EXPECT_EQ(Files().Read(dir.File("VOL.0")), Bytes("Vol"));
+}
+
+TEST(SystemFiles, NamesThatNoGameCanHaveAreNotSeen) {
+    const TempDir dir;
+    for (const char* name : {"good", "back\\slash", "bell\a", "a:b", "\xC2\x9B"})
+        std::ofstream(dir.Native() + "/" + name) << "x";
+    EXPECT_EQ(NamesIn(dir.Path()), "good ");
+}
+
+TEST(SystemFiles, AZeroByteEndsNoPath) {
+    const TempDir dir;
+    dir.Write("profile", "mine");
+    const std::string path = dir.File(std::string("profile\0.lgc", 12));
+    EXPECT_EQ(Files().Kind(path), FileKind::None);
+    EXPECT_RUNTIME(reBadFileName, Files().Read(path));
+    EXPECT_RUNTIME(reBadFileName, Files().Write(path, Bytes("x")));
+    EXPECT_RUNTIME(reBadFileName, Files().Remove(path));
+    EXPECT_EQ(dir.ReadText("profile"), "mine");
 }
 
 TEST(SystemFiles, AReplacementTakesOverTheAccessRights) {

@@ -25,9 +25,4 @@ std::string FileNameNoExt(std::string_view path) {
     return name.substr(0, name.rfind('.'));
 }
 
-bool IsPlainName(std::string_view name) {
-    return !name.empty() && name != "." && name != ".." &&
-           name.find_first_of("\\/:") == std::string_view::npos;
-}
-
 }  // namespace zorvex

@@ -15,8 +15,5 @@ std::string JustPath(std::string_view path, bool noSlash = false);
 std::string JustFileName(std::string_view path);
 /// The file name of a path up to, and without, its last ".".
 std::string FileNameNoExt(std::string_view path);
-/// True for a text that can be one file's or directory's name or the head of one: not empty, no separator of
-/// any system, not "." or "..".
-bool IsPlainName(std::string_view name);
 
 }  // namespace zorvex

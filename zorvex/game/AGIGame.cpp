@@ -7,6 +7,7 @@
 
 #include "zorvex/base/Checked.h"
 #include "zorvex/base/Faults.h"
+#include "zorvex/base/FileName.h"
 #include "zorvex/base/HostText.h"
 #include "zorvex/base/PathText.h"
 #include "zorvex/base/StringList.h"
@@ -22,6 +23,7 @@
 #include "zorvex/platform/FileSystem.h"
 #include "zorvex/state/AGIGameEvents.h"
 #include "zorvex/state/GameProperties.h"
+#include "zorvex/state/GameSession.h"
 #include "zorvex/state/LibraryState.h"
 #include "zorvex/state/PropertyText.h"
 #include "zorvex/storage/FileSwap.h"
@@ -54,7 +56,7 @@ void StorePlain(std::string& field, std::string_view key, std::string_view value
 /// A directory name as both directory-name setters take it.
 std::string ValidDirectoryName(std::string_view value) {
     const std::string name(Trim(value));
-    if (name.empty() || name.find_first_of("\\/:*?<>| ") != std::string::npos) {
+    if (!FileName::FitsEverywhere(name) || name.find(' ') != std::string::npos) {
         RaiseRuntime(reInvalidPropertyValue, AGIGame::ErrorSource);
     }
     return name;
@@ -189,6 +191,7 @@ void AGIGame::GameDir(std::string_view value) {
     LibraryState& library = State();
     if (!GameLoaded()) return;
     library.GameDir = ExistingDirectory(value);
+    if (!library.Session->IsProtected()) library.Session->EnterDirectory(library.GameDir);
     library.GameFile = library.GameDir + JustFileName(library.GameFile);
     library.ResDir = CDir(library.GameDir + library.ResDirName);
     // What is saved from now on goes to where the game is.

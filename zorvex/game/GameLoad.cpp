@@ -1,6 +1,7 @@
 // The part of AGIGame that starts the library and opens and closes games.
 #include "zorvex/game/GameLoad.h"
 #include "zorvex/base/Faults.h"
+#include "zorvex/base/FileName.h"
 #include "zorvex/base/HostText.h"
 #include "zorvex/base/Internal.h"
 #include "zorvex/base/PathText.h"
@@ -157,6 +158,8 @@ constexpr OpenOptions plainOpening{.PreferPropertyFile = false,
 void BeginIn(const std::string& directory, const OpenOptions& options) {
     LibraryState& library = Library();
     library.Opened = options;
+    // A directory that cannot be opened holds no game, which is told by what looks for one.
+    Attempt([&] { library.Session->EnterDirectory(directory); });
     if (options.ReadOnly) library.Session->ProtectDirectory(directory);
     FileSwap::Finish(directory);
 }
@@ -317,7 +320,7 @@ void AGIGame::OpenPropertyFile(std::string_view gameZVG, const OpenOptions& opti
     ReadPropertyFile();
     CheckPropertyFileVersion(name);
     library.GameID = ReadGameString("General", "GameID", "");
-    if (!IsPlainName(library.GameID)) RefusePropertyFile(690, name);
+    if (!FileName::Fits(library.GameID)) RefusePropertyFile(690, name);
     library.InterpreterVersion = ReadGameString("General", "Interpreter", "");
     if (!IsKnownVersion(library.InterpreterVersion)) RefusePropertyFile(691, name);
     FinishGameLoad(Internal(), 0);
@@ -372,7 +375,7 @@ class GameLoad {
             library.ResDirName = ReadGameString("General", "ResDir", "");
         }
         // A name from a file must not lead out of the game directory.
-        if (!IsPlainName(library.ResDirName)) library.ResDirName.clear();
+        if (!FileName::Fits(library.ResDirName)) library.ResDirName.clear();
         if (!library.ResDirName.empty()) return;
         const std::vector<std::string> directories = SubdirectoriesOf(library.GameDir);
         library.ResDirName = directories.size() == 1 ? directories.front() : library.DefResDir;

@@ -1,6 +1,7 @@
 #include "zorvex/game/NewGame.h"
 
 #include "zorvex/base/Faults.h"
+#include "zorvex/base/FileName.h"
 #include "zorvex/base/Internal.h"
 #include "zorvex/base/PathText.h"
 #include "zorvex/base/StringList.h"
@@ -96,7 +97,7 @@ class GameMaking {
     void FromNothing() {
         RequireKnownVersion(version_, errorSource);
         // An ID becomes part of file names, so it must not lead out of the directory.
-        if (id_.find_first_of("\\/:") != std::string::npos) {
+        if (!id_.empty() && !FileName::Fits(id_)) {
             Wrapped(631, [] { RaiseRuntime(reBadFileName, errorSource); });
         }
         Begin();

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -22,17 +23,34 @@ enum class FileKind : std::uint8_t { None, File, Directory };
 struct DirectoryEntry {
     std::string Name;
     FileKind Kind = FileKind::None;
+    bool IsLink = false;  ///< a link, of the kind of what it leads to
 };
+
+/// Whether a name directly in a directory may be a link to a regular file, for reading.
+using LinkRule = std::function<bool(std::string_view name)>;
+/// Tells from the first bytes of a part how many bytes it has, these included.
+using PartLength = std::function<std::size_t(ByteView first)>;
 
 class FileSystem {
   public:
+    /// No file of more bytes is read as a whole; see ReadWithin for the limits of the kinds of files.
+    static constexpr std::size_t LargestFile = 64U << 20U;
+    /// How many bytes ReadPart reads first.
+    static constexpr std::size_t FirstPart = 8192;
+
     virtual ~FileSystem() = default;
+
+    /// These files seen in such a way that no path below a directory leads out of it: what is there and below
+    /// is reached from the open directory and through no link, but for files in it that the rule lets be
+    /// links, and those only to be read. Null, as by default, where there is nothing that could lead out.
+    virtual std::shared_ptr<FileSystem> Below(std::string_view directory, LinkRule mayBeLink);
 
     /// What a path names. Never raises.
     virtual FileKind Kind(std::string_view path) const = 0;
     /// A file's length in bytes.
     virtual std::uint64_t Size(std::string_view path) const = 0;
     /// The entries of a directory except "." and "..", by name without regard to case, then by byte order.
+    /// An entry whose name no FileName can hold is not seen.
     virtual std::vector<DirectoryEntry> List(std::string_view directory) const = 0;
     /// Last write time in universal time.
     virtual DateTime LastWriteTime(std::string_view path) const = 0;
@@ -40,13 +58,19 @@ class FileSystem {
     /// its length and its last write time.
     virtual std::uint64_t WriteStamp(std::string_view path) const;
 
-    /// The whole file.
+    /// The whole file; raises 7 above LargestFile.
     virtual ByteArray Read(std::string_view path) const = 0;
     /// Up to `count` bytes from `offset`; fewer where the file ends before.
     virtual ByteArray ReadAt(std::string_view path, std::uint64_t offset, std::size_t count) const = 0;
+    /// Bytes from `offset`, of which the first tell how many are wanted; fewer where the file ends before. On
+    /// the machine's files one open, one read for parts of up to FirstPart bytes and two for longer ones.
+    virtual ByteArray ReadPart(std::string_view path, std::uint64_t offset, const PartLength& length) const;
 
     /// Makes the file hold just these bytes, creating it if need be.
     virtual void Write(std::string_view path, ByteView bytes) = 0;
+    /// As Write, but at every moment the file is the old one or the new one. Raises the fault of the step
+    /// that failed, also where the directory takes no new files, and leaves no other file behind.
+    virtual void WriteWhole(std::string_view path, ByteView bytes);
     /// Writes into a file from `offset`, creating or extending it if need be; the rest of it stays.
     virtual void WriteAt(std::string_view path, std::uint64_t offset, ByteView bytes) = 0;
     /// Adds bytes at the end of a file, creating it if need be.
@@ -86,7 +110,7 @@ std::shared_ptr<FileSystem> MakeSystemFiles();
 
 /// A path from a host in the inner form: both separators become backslashes.
 std::string InnerPath(std::string_view hostPath);
-/// An inner path in the system's own form.
+/// An inner path in the system's own form. Raises 64 for a path with a zero byte.
 std::string NativePath(std::string_view innerPath);
 
 /// Names of the files (not directories) of a directory that match a pattern such as "*DIR", in the order of

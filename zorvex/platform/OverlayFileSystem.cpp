@@ -141,6 +141,13 @@ ByteArray OverlayFileSystem::ReadAt(std::string_view path, std::uint64_t offset,
     return {from, from + static_cast<std::ptrdiff_t>(length)};
 }
 
+ByteArray OverlayFileSystem::ReadPart(std::string_view path, std::uint64_t offset,
+                                      const PartLength& length) const {
+    std::string name;
+    if (Meant(path, name) == nullptr) return beneath_->ReadPart(name, offset, length);
+    return FileSystem::ReadPart(path, offset, length);
+}
+
 // --- Writing ---
 void OverlayFileSystem::RequireDirectoryOf(std::string_view path) const {
     if (Kind(DirectoryOf(path)) != FileKind::Directory) RaiseRuntime(rePathNotFound);
@@ -173,6 +180,11 @@ OverlayFileSystem::Node& OverlayFileSystem::FileFor(std::string_view path, bool 
 void OverlayFileSystem::Write(std::string_view path, ByteView bytes) {
     if (!IsInside(path)) return beneath_->Write(path, bytes);
     FileFor(path, false).bytes.assign(bytes.begin(), bytes.end());
+}
+
+void OverlayFileSystem::WriteWhole(std::string_view path, ByteView bytes) {
+    if (!IsInside(path)) return beneath_->WriteWhole(path, bytes);
+    Write(path, bytes);
 }
 
 void OverlayFileSystem::WriteAt(std::string_view path, std::uint64_t offset, ByteView bytes) {

@@ -33,7 +33,9 @@ class OverlayFileSystem : public FileSystem {
     std::uint64_t WriteStamp(std::string_view path) const override;
     ByteArray Read(std::string_view path) const override;
     ByteArray ReadAt(std::string_view path, std::uint64_t offset, std::size_t count) const override;
+    ByteArray ReadPart(std::string_view path, std::uint64_t offset, const PartLength& length) const override;
     void Write(std::string_view path, ByteView bytes) override;
+    void WriteWhole(std::string_view path, ByteView bytes) override;
     void WriteAt(std::string_view path, std::uint64_t offset, ByteView bytes) override;
     void Append(std::string_view path, ByteView bytes) override;
     void Rename(std::string_view from, std::string_view to) override;

@@ -1,7 +1,6 @@
 #include "zorvex/platform/WholeFile.h"
 
 #include "zorvex/base/Faults.h"
-#include "zorvex/base/PathText.h"
 #include "zorvex/platform/FileQueries.h"
 #include "zorvex/platform/FileSystem.h"
 
@@ -19,22 +18,10 @@ void OverwriteFile(std::string_view path, ByteView bytes) {
     Attempt([&] { Files().Remove(temporary); });
 }
 
-void WriteBeside(std::string_view path, ByteView bytes) {
-    std::string directory = JustPath(path, true);
-    if (directory.empty()) directory = ".";
-    const std::string beside = Files().UniqueTempFile(directory, "AGI");
-    Guarded(
-        [&] {
-            Files().Write(beside, bytes);
-            Files().Replace(beside, path);
-        },
-        [&] { Files().Remove(beside); });
-}
-
 }  // namespace
 
 void ReplaceWholeFile(std::string_view path, ByteView bytes) {
-    const auto error = Attempt([&] { WriteBeside(path, bytes); });
+    const auto error = Attempt([&] { Files().WriteWhole(path, bytes); });
     if (!error) return;
     const bool refused = error->Number() == rePermissionDenied || error->Number() == rePathFileAccess;
     if (!refused || !FileExists(path)) throw *error;

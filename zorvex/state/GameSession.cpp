@@ -1,17 +1,40 @@
 #include "zorvex/state/GameSession.h"
 
+#include <algorithm>
+#include <array>
 #include <utility>
 
 #include "zorvex/base/Error.h"
+#include "zorvex/base/Text.h"
 #include "zorvex/platform/OverlayFileSystem.h"
 #include "zorvex/platform/Services.h"
 #include "zorvex/state/LibraryState.h"
 
 namespace zorvex {
 
+namespace {
+
+constexpr std::array<std::string_view, 6> ownFiles{"*VOL.?", "*VOL.1?",   "*DIR",
+                                                   "OBJECT", "WORDS.TOK", "*.zvg"};
+
+/// The files that make a game.
+bool IsOwnFile(std::string_view name) {
+    return std::any_of(ownFiles.begin(), ownFiles.end(),
+                       [name](std::string_view pattern) { return MatchesPattern(name, pattern); });
+}
+
+}  // namespace
+
 void GameSession::End() noexcept {
     record_ = nullptr;
     if (std::exchange(protected_, false)) services_->Overlay.reset();
+    if (std::exchange(entered_, false)) LeaveGameDirectory(*services_);
+}
+
+void GameSession::EnterDirectory(std::string_view directory) {
+    LeaveGameDirectory(*services_);
+    EnterGameDirectory(*services_, directory, IsOwnFile);
+    entered_ = true;
 }
 
 void GameSession::ProtectDirectory(std::string_view directory) {

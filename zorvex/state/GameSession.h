@@ -21,6 +21,10 @@ class GameSession {
 
     bool IsOpen() const noexcept { return record_ != nullptr; }
     void End() noexcept;
+    /// From now on nothing below a directory leads out of it until the session ends: it is an open directory,
+    /// and its links count for nothing, but for volumes, directories of resources, lists and property files,
+    /// which may be links to regular files to be read. Raises 53 where there is no such directory.
+    void EnterDirectory(std::string_view directory);
     /// From now on nothing below a directory changes on disk until the session ends.
     void ProtectDirectory(std::string_view directory);
     bool IsProtected() const noexcept { return protected_; }
@@ -33,6 +37,7 @@ class GameSession {
     LibraryState* record_;
     Services* services_;
     bool protected_ = false;
+    bool entered_ = false;
 };
 
 /// The session in which a run began. The handler of an event may close the game or start the library afresh;

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "zorvex/base/FileName.h"
 #include "zorvex/base/HostText.h"
-#include "zorvex/base/PathText.h"
 #include "zorvex/base/Text.h"
 
 namespace zorvex {
@@ -79,14 +79,7 @@ std::string DecodeValue(std::string_view behindKey) {
 }
 
 bool IsKeepableName(std::string_view name) {
-    const auto isControl = [](char character) {
-        const auto code = static_cast<unsigned char>(character);
-        return code < 0x20 || code == 0x7F;
-    };
-    return IsPlainName(name) && Trim(name) == name &&
-           name.find_first_of("*?\"<>|") == std::string_view::npos &&
-           std::none_of(name.begin(), name.end(), isControl) &&
-           DecodeValue(EncodeValue(HostTextOf(name))) == name;
+    return FileName::FitsEverywhere(name) && DecodeValue(EncodeValue(HostTextOf(name))) == name;
 }
 
 std::string KeptComment(std::string_view behindKey) {

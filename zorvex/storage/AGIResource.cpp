@@ -321,7 +321,6 @@ void AGIResource::Load() {
     if (path.empty()) RaiseCatalogue(626, ErrorSource);
     const std::string name = JustFileName(path);
     const ByteArray* held = Attached() ? HeldVolume(path) : nullptr;
-    if (held == nullptr && !FileExists(path)) RaiseCatalogue(606, ErrorSource, name);
     curPos_ = 0;
     endOfResource_ = false;
     const bool isV3 = Attached() && Library().IsV3;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "zorvex/base/Faults.h"
+#include "zorvex/base/FileName.h"
 #include "zorvex/base/PathText.h"
 #include "zorvex/base/Text.h"
 #include "zorvex/platform/FileQueries.h"
@@ -20,11 +21,6 @@ constexpr std::string_view separator = "\r\n";
 
 std::string Backup(const std::string& path) {
     return path + ".OLD";
-}
-
-bool IsFileName(std::string_view name) {
-    return !name.empty() && name.find_first_of("\\/:") == std::string_view::npos && name != "." &&
-           name != "..";
 }
 
 }  // namespace
@@ -105,7 +101,7 @@ FileSwap FileSwap::FromJournal(const std::string& directory) {
         const std::string fresh = lines[i].substr(0, mark);
         const std::string name = mark == std::string::npos ? std::string() : lines[i].substr(mark + 1);
         // The list comes from a file, so it may name nothing outside the directory.
-        if (!IsFileName(name) || (!fresh.empty() && !IsFileName(fresh))) return FileSwap(directory);
+        if (!FileName::Fits(name) || (!fresh.empty() && !FileName::Fits(fresh))) return FileSwap(directory);
         swap.steps_.push_back({fresh, name});
     }
     return swap;

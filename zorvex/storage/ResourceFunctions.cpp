@@ -7,6 +7,7 @@
 #include "zorvex/base/Checked.h"
 #include "zorvex/base/Faults.h"
 #include "zorvex/base/ScrambleKey.h"
+#include "zorvex/platform/FileQueries.h"
 #include "zorvex/platform/FileSystem.h"
 #include "zorvex/state/LibraryState.h"
 #include "zorvex/storage/AGIResource.h"
@@ -17,12 +18,14 @@ namespace {
 
 constexpr std::size_t maxPackedPicture = 65531;
 
+/// Existence is asked only after a failure, to tell which one it is.
 template <class Step>
-auto ReadOr502(std::string_view name, Step&& step) {
+auto ReadOr502(std::string_view path, std::string_view name, Step&& step) {
     try {
         return step();
     } catch (...) {
         const Error error = CurrentError();
+        if (!FileExists(path)) RaiseCatalogue(606, AGIResource::ErrorSource, name);
         RememberError(error);
         RaiseCatalogue(502, AGIResource::ErrorSource, std::to_string(error.Number()), name);
     }
@@ -62,6 +65,13 @@ StoredResource TakeResource(ByteView bytes, std::string_view name, std::int32_t 
     return stored;
 }
 
+/// How many bytes a resource has with its header, as the header tells; a short one for what is none.
+std::size_t StoredLength(ByteView first, bool isV3) {
+    const auto headerLength = static_cast<std::size_t>(isV3 ? HeaderLengthV3 : HeaderLengthV2);
+    if (first.size() < headerLength) return headerLength;
+    return headerLength + static_cast<std::size_t>(WordAt(first, headerLength - 2));
+}
+
 }  // namespace
 
 StoredResource StoredResourceIn(ByteView volume, std::string_view name, std::int32_t loc, bool isV3) {
@@ -70,17 +80,18 @@ StoredResource StoredResourceIn(ByteView volume, std::string_view name, std::int
 }
 
 StoredResource ReadStoredResource(std::string_view path, std::string_view name, std::int32_t loc, bool isV3) {
-    CheckLocation(loc, ReadOr502(name, [&] { return Files().Size(path); }), name);
-    // One read takes the header and the longest data that it can announce.
-    constexpr std::size_t longest = HeaderLengthV3 + 0xFFFF;
-    const ByteArray bytes =
-        ReadOr502(name, [&] { return Files().ReadAt(path, static_cast<std::uint64_t>(loc), longest); });
+    const auto size = [&] { return ReadOr502(path, name, [&] { return Files().Size(path); }); };
+    if (loc < 0) CheckLocation(loc, size(), name);
+    const auto length = [isV3](ByteView first) { return StoredLength(first, isV3); };
+    const ByteArray bytes = ReadOr502(
+        path, name, [&] { return Files().ReadPart(path, static_cast<std::uint64_t>(loc), length); });
+    if (bytes.empty()) CheckLocation(loc, size(), name);
     return TakeResource(bytes, name, loc, isV3);
 }
 
 StoredResource ReadStoredFile(std::string_view path, std::string_view name) {
     StoredResource stored;
-    stored.data = ReadOr502(name, [&] { return Files().Read(path); });
+    stored.data = ReadOr502(path, name, [&] { return Files().Read(path); });
     stored.expandedSize = Narrow<std::int32_t>(stored.data.size());
     return stored;
 }
